@@ -123,11 +123,21 @@ bool Statement::is_null(std::string_view column) const
     return sqlite3_column_type(m_stmt, column_index(column)) == SQLITE_NULL;
 }
 
+// The file must exist: a missing tournament or init file is the caller's message, never a new empty file.
 Database::Database(const std::filesystem::path& file)
+    : Database(file, SQLITE_OPEN_READWRITE)
+{
+}
+
+Database Database::create_empty(const std::filesystem::path& file)
+{
+    return Database(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+}
+
+Database::Database(const std::filesystem::path& file, int flags)
     : m_path(file)
 {
-    // The file must exist: a missing tournament or init file is the caller's message, never a new empty file.
-    if (sqlite3_open_v2(file.c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
+    if (sqlite3_open_v2(file.c_str(), &m_db, flags, nullptr) != SQLITE_OK) {
         std::string message = "cannot open " + file.string();
         if (m_db)
             message += std::string(": ") + sqlite3_errmsg(m_db);

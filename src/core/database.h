@@ -71,6 +71,8 @@ class Database {
 public:
     Database() = default;
     explicit Database(const std::filesystem::path& file);
+    // A new, empty database file; an existing file is opened as it is.
+    static Database create_empty(const std::filesystem::path& file);
     Database(Database&& other) noexcept;
     Database& operator=(Database&& other) noexcept;
     Database(const Database&) = delete;
@@ -127,6 +129,7 @@ public:
     sqlite3* handle() const { return m_db; }
 
 private:
+    Database(const std::filesystem::path& file, int flags);
     std::string_view checked_sql(std::string_view sql) const;
 
     sqlite3* m_db = nullptr;

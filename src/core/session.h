@@ -1,0 +1,113 @@
+#pragma once
+
+#include "core/app_dirs.h"
+#include "core/database.h"
+#include "core/instance_lock.h"
+#include "core/session_host.h"
+#include "core/settings.h"
+#include "core/time_rules.h"
+#include "core/user_talk.h"
+#include "core/work_areas.h"
+
+#include <optional>
+#include <string>
+
+namespace qv {
+
+// The tournament session: the three open databases, the directories, the settings and the work area shown.
+// It owns no tournament logic; every other operation reaches the tables through it.
+class Session {
+public:
+    Session(const std::filesystem::path& app_dir, UserTalk& talk, SessionHost& host);
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    ~Session();
+
+    // Start and restart.
+    void boot_start_app(const std::string& path);
+    void boot_restart_app();
+    // The four ways to ask for a restart; each defers it to the main loop so the caller returns first.
+    void boot_restart_from_clear_data() { request_restart(); }
+    void boot_restart_from_control_panel() { request_restart(); }
+    void boot_restart_from_load_file() { request_restart(); }
+    void boot_restart_from_mainform() { request_restart(); }
+
+    // The tournament file.
+    void opendb(const std::string& path);
+    bool close_current_db();
+    void exit_app();
+
+    // The menu "tournament".
+    void menu_new();
+    void menu_open();
+    void menu_save_as();
+    void menu_close() { close_current_db(); }
+
+    // Work areas.
+    void ishow(Area area);
+    void ishow_no_refresh(Area area);
+    // A toolbar click: nothing happens while no tournament is open.
+    void toolbar_click(Area area);
+    void set_generics();
+
+    bool has_tournament() const { return !m_current_file_path.empty(); }
+    Database& tournament() { return m_tournament; }
+    Database& init_db() { return m_init; }
+    Database& peek_browse_db() { return m_peek_browse; }
+    Settings& settings() { return m_settings; }
+    UserTalk& talk() { return m_talk; }
+    const AppDirs& dirs() const { return m_dirs; }
+    StampCounter& stamps() { return m_stamps; }
+
+    const std::string& current_file_path() const { return m_current_file_path; }
+    const std::string& current_file_name() const { return m_current_file_name; }
+    const std::string& last_file_path() const { return m_last_file_path; }
+    const std::string& pending_file_path() const { return m_pending_file_path; }
+    std::optional<Area> current_area() const { return m_current_area; }
+    const std::string& switch_word() const { return m_switch_word; }
+    bool booted() const { return m_init.is_open(); }
+    static constexpr const char* version = "1.0";
+
+    const std::string& machine_id() const { return m_machine_id; }
+    const std::string& os_name() const { return m_os_name; }
+    const std::string& os_details() const { return m_os_details; }
+
+    // Compacts a database file when the compact-on-close switch is on; failures are ignored.
+    void compact(const std::filesystem::path& file) const;
+
+private:
+    void request_restart();
+    void on_timer();
+    void start_with_pending();
+    void open_side_databases();
+    void close_side_databases();
+    void set_qv_os_variables();
+    void load_all_forms();
+    bool open_tournament_file(const std::filesystem::path& file);
+    void check_tment_table_for_stub();
+
+    UserTalk& m_talk;
+    SessionHost& m_host;
+    AppDirs m_dirs;
+    InstanceLock m_lock;
+    Settings m_settings;
+    StampCounter m_stamps;
+
+    Database m_init;
+    Database m_peek_browse;
+    Database m_tournament;
+
+    std::string m_current_file_path;
+    std::string m_current_file_name;
+    std::string m_last_file_path;
+    std::string m_pending_file_path;
+    std::string m_pending_action;
+    std::string m_switch_word;
+    std::optional<Area> m_current_area;
+    int m_compact_on_close = 1;
+    std::string m_machine_id;
+    std::string m_os_name;
+    std::string m_os_details;
+};
+
+} // namespace qv

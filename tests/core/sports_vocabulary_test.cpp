@@ -1,0 +1,101 @@
+#include "core/session.h"
+#include "core/sports_vocabulary.h"
+#include "support/fake_host.h"
+#include "support/scripted_talk.h"
+#include "support/temp_app_dir.h"
+
+#include <gtest/gtest.h>
+
+namespace qv {
+namespace {
+
+class SportsTest : public ::testing::Test {
+protected:
+    test::TempAppDir dir;
+    test::ScriptedTalk talk;
+    test::FakeHost host;
+    Session session { dir.path(), talk, host };
+};
+
+SportWords golf() { return set_up_sport()[1].words; }
+
+TEST_F(SportsTest, NineSportsInOrderWithThePitchsPluralAsStored)
+{
+    std::vector<std::string> names;
+    for (const auto& s : set_up_sport())
+        names.push_back(s.name);
+    EXPECT_EQ(names,
+        (std::vector<std::string> { "tennis", "golf", "soccer", "pool", "snooker", "darts", "chess", "squash",
+            "badminton" }));
+    EXPECT_EQ(set_up_sport()[2].words.courts, "pitchs");
+}
+
+TEST_F(SportsTest, EachWordMustBeLowerCaseLettersAndBlanks)
+{
+    struct Case {
+        int field;
+        std::string value, message;
+        int position;
+    };
+    const Case cases[] = {
+        { 0, "  ", "value required", -1 },
+        { 2, "Tees", "illegal character", 0 },
+        { 4, "m1", "illegal character", 1 },
+        { 5, "big matches", "", -1 },
+    };
+    for (const auto& c : cases) {
+        auto words = golf();
+        (c.field == 0 ? words.court : c.field == 2 ? words.courts : c.field == 4 ? words.m : words.matches) = c.value;
+        const auto refusal = validate_sport_words(words);
+        if (c.message.empty()) {
+            EXPECT_FALSE(refusal) << c.value;
+            continue;
+        }
+        ASSERT_TRUE(refusal) << c.value;
+        EXPECT_EQ(refusal->field, c.field);
+        EXPECT_EQ(refusal->refusal.message, c.message);
+        EXPECT_EQ(refusal->refusal.position, c.position);
+    }
+}
+
+TEST_F(SportsTest, WithoutAFileTheWordsApplyAtOnce)
+{
+    session.boot_start_app("");
+    EXPECT_EQ(save_sport_words(session, golf()), SaveWords::saved);
+    EXPECT_EQ(session.settings().get_disk_var("app.generic_courts"), "tees");
+    EXPECT_EQ(session.settings().text("app.generic_court"), "tee");
+    EXPECT_TRUE(talk.said.empty());
+}
+
+TEST_F(SportsTest, WithAFileOpenNoKeepsTheOldWordsAndYesRestarts)
+{
+    session.boot_start_app(dir.new_tournament().string());
+    talk.answers.push_back(Answer::No);
+    EXPECT_EQ(save_sport_words(session, golf()), SaveWords::declined);
+    EXPECT_EQ(talk.said.back().text, "Changing these settings requires a restart of quorvelin,continue?");
+    EXPECT_EQ(talk.said.back().title, "Confirm");
+    EXPECT_EQ(session.settings().get_disk_var("app.generic_court"), "court");
+
+    talk.answers.push_back(Answer::Yes);
+    auto darts = set_up_sport()[5].words;
+    darts.m = "g";
+    darts.match = "game";
+    EXPECT_EQ(save_sport_words(session, darts), SaveWords::saved_restarting);
+    host.run_deferred();
+    EXPECT_TRUE(session.has_tournament());
+    EXPECT_EQ(host.generics_caption, "gc");
+    EXPECT_EQ(host.generics_tooltip, "game counts");
+}
+
+TEST_F(SportsTest, ARefusalIsShownAndNothingIsWritten)
+{
+    session.boot_start_app("");
+    auto words = golf();
+    words.court = "T#";
+    EXPECT_EQ(save_sport_words(session, words), SaveWords::refused);
+    EXPECT_EQ(talk.last_message(), "illegal character");
+    EXPECT_EQ(session.settings().get_disk_var("app.generic_court"), "court");
+}
+
+} // namespace
+} // namespace qv
