@@ -1,0 +1,103 @@
+#pragma once
+
+#include "core/session_host.h"
+#include "core/user_talk.h"
+
+#include <QColor>
+#include <QMainWindow>
+#include <QPointer>
+
+#include <array>
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+class QStackedWidget;
+class QToolButton;
+
+namespace qv {
+
+class ControlPanel;
+class LinksWindow;
+class Session;
+class TournamentArea;
+
+// The main window: the toolbar of work areas with their marker strips, the areas themselves and the menus.
+// It is the session's host and owns the session.
+class MainWindow : public QMainWindow, public SessionHost
+{
+    Q_OBJECT
+
+public:
+    // talk: how the session speaks to the user; none means this window's own message boxes and dialogs.
+    explicit MainWindow(const std::filesystem::path& app_dir, UserTalk* talk = nullptr, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    Session& session() { return *m_session; }
+    UserTalk& talk() { return *m_talk; }
+
+    void load_all_forms() override;
+    void unload_all_forms() override;
+    // The draw area answers when it exists; until then nothing holds the user in it.
+    bool leave_draw() override { return true; }
+    // The draw area's list and its refresh on entry come with the draw area.
+    void cancel_list1() override { }
+    void refresh_draw_on_entry() override { }
+    void show_area(Area area, const Markers& markers) override;
+    void set_generics(const std::string& caption, const std::string& tooltip) override;
+    void busy(bool on) override;
+    void defer(std::function<void()> action) override;
+    void end_process() override;
+
+    // Runs a boot or restart. A fault of the machine there leaves nothing to work on: one message, then the end.
+    bool run_or_end(const std::function<void()>& action);
+
+    bool process_ended() const { return m_ended; }
+    QToolButton* area_button(Area area) const { return m_buttons.at(index(area)); }
+    QToolButton* match_count_button() const { return m_match_counts; }
+    QColor marker_color(Area area) const { return m_marker_colors.at(index(area)); }
+    QWidget* area_page(Area area) const { return m_pages.at(index(area)); }
+    QWidget* current_page() const;
+    TournamentArea* tournament_area() const { return m_tournament; }
+
+public slots:
+    ControlPanel* open_control_panel();
+    LinksWindow* open_links();
+
+signals:
+    // The areas have read the tournament file just opened, at start or after a restart.
+    void formsLoaded();
+    // The session ended the process; the application leaves its loop.
+    void processEnded();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    static std::size_t index(Area area) { return static_cast<std::size_t>(area); }
+    void build_toolbar();
+    void build_menus();
+    void paint_marker(Area area, const QColor& color);
+    void update_title();
+    void open_page(const char* setting, const char* fallback);
+
+    std::unique_ptr<UserTalk> m_own_talk;
+    UserTalk* m_talk = nullptr;
+    std::unique_ptr<Session> m_session;
+
+    QStackedWidget* m_stack = nullptr;
+    QWidget* m_no_file_page = nullptr;
+    TournamentArea* m_tournament = nullptr;
+    std::array<QWidget*, 8> m_pages {};
+    std::array<QToolButton*, 8> m_buttons {};
+    std::array<QWidget*, 8> m_strips {};
+    std::array<QColor, 8> m_marker_colors {};
+    QToolButton* m_match_counts = nullptr;
+    QPointer<ControlPanel> m_control_panel;
+    QPointer<LinksWindow> m_links;
+
+    bool m_busy = false;
+    bool m_ended = false;
+};
+
+} // namespace qv

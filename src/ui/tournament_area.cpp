@@ -1,0 +1,222 @@
+#include "ui/tournament_area.h"
+
+#include "core/session.h"
+#include "ui/clear_data_dialog.h"
+#include "ui/qt_text.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace qv {
+
+namespace {
+
+constexpr int id_role = Qt::UserRole;
+
+void fill(QListWidget* list, const std::vector<ListLine>& lines)
+{
+    list->clear();
+    for (const auto& line : lines) {
+        auto* item = new QListWidgetItem(qs(line.text), list);
+        item->setData(id_role, QVariant::fromValue<qlonglong>(line.id));
+    }
+}
+
+// The row of the list whose id is given, or -1.
+int row_of(QListWidget* list, qlonglong id)
+{
+    for (int row = 0; row < list->count(); ++row)
+        if (list->item(row)->data(id_role).toLongLong() == id)
+            return row;
+    return -1;
+}
+
+QLabel* add_count(QGridLayout* grid, int row, const char* caption, QWidget* parent)
+{
+    grid->addWidget(new QLabel(QString::fromLatin1(caption), parent), row, 0);
+    auto* number = new QLabel(parent);
+    number->setMinimumWidth(40);
+    grid->addWidget(number, row, 1);
+    return number;
+}
+
+} // namespace
+
+TournamentArea::TournamentArea(Session& session, QWidget* parent)
+    : QWidget(parent)
+    , m_session(session)
+    , m_events(new QListWidget(this))
+    , m_players_button(new QPushButton(QStringLiteral("players"), this))
+    , m_reserve_button(new QPushButton(QStringLiteral("reserve"), this))
+    , m_raw_button(new QPushButton(QStringLiteral("raw doubles"), this))
+    , m_entries(new QListWidget(this))
+    , m_players(new QListWidget(this))
+    , m_player_events(new QListWidget(this))
+    , m_refresh(new QPushButton(QStringLiteral("refresh"), this))
+    , m_restart(new QPushButton(QStringLiteral("restart"), this))
+    , m_tournament_ops(new QListWidget(this))
+{
+    setObjectName(QStringLiteral("mainform"));
+    m_tournament_ops->setObjectName(QStringLiteral("tournament_operations"));
+    for (auto* button : { m_players_button, m_reserve_button, m_raw_button })
+        button->setCheckable(true);
+    m_players_button->setChecked(true);
+
+    auto* entry_buttons = new QHBoxLayout;
+    entry_buttons->addWidget(m_players_button);
+    entry_buttons->addWidget(m_reserve_button);
+    entry_buttons->addWidget(m_raw_button);
+
+    auto* counts = new QGridLayout;
+    m_event_count = add_count(counts, 0, "Total number of events", this);
+    m_entry_count = add_count(counts, 1, "Total entries ( including raw doubles)", this);
+    m_player_event_count = add_count(counts, 2, "Numer of events player has entered", this);
+
+    auto* events_box = new QGroupBox(QStringLiteral("events"), this);
+    auto* events_column = new QVBoxLayout(events_box);
+    events_column->addWidget(m_events, 3);
+    events_column->addLayout(entry_buttons);
+    events_column->addWidget(m_entries, 2);
+    events_column->addLayout(counts);
+
+    auto* players_box = new QGroupBox(QStringLiteral("players"), this);
+    auto* players_column = new QVBoxLayout(players_box);
+    players_column->addWidget(m_players, 3);
+    players_column->addWidget(m_player_events, 1);
+
+    auto* ops_box = new QGroupBox(QStringLiteral("tournament"), this);
+    auto* ops_column = new QVBoxLayout(ops_box);
+    // Each line opens a window; the other windows of this list come with their own work.
+    m_tournament_ops->addItem(QStringLiteral("clear data"));
+    ops_column->addWidget(m_tournament_ops);
+
+    auto* side = new QVBoxLayout;
+    side->addWidget(m_refresh);
+    side->addWidget(m_restart);
+    side->addWidget(ops_box, 1);
+
+    auto* layout = new QHBoxLayout(this);
+    layout->addWidget(events_box, 3);
+    layout->addWidget(players_box, 3);
+    layout->addLayout(side, 2);
+
+    connect(m_events, &QListWidget::currentRowChanged, this, [this] { load_entries(); });
+    connect(m_players, &QListWidget::currentRowChanged, this, [this] { load_player_events(); });
+    connect(m_players_button, &QPushButton::clicked, this, [this] { show_entries(EntryList::players); });
+    connect(m_reserve_button, &QPushButton::clicked, this, [this] { show_entries(EntryList::reserve); });
+    connect(m_raw_button, &QPushButton::clicked, this, [this] { show_entries(EntryList::raw_doubles); });
+    connect(m_refresh, &QPushButton::clicked, this, &TournamentArea::refresh);
+    connect(m_restart, &QPushButton::clicked, this, [this] { m_session.boot_restart_from_mainform(); });
+    connect(m_tournament_ops, &QListWidget::itemClicked, this, &TournamentArea::run_operation);
+}
+
+QPushButton* TournamentArea::entry_button(EntryList which) const
+{
+    switch (which) {
+    case EntryList::players:
+        return m_players_button;
+    case EntryList::reserve:
+        return m_reserve_button;
+    case EntryList::raw_doubles:
+        return m_raw_button;
+    }
+    return m_players_button;
+}
+
+QString TournamentArea::event_count() const
+{
+    return m_event_count->text();
+}
+QString TournamentArea::entry_count() const
+{
+    return m_entry_count->text();
+}
+QString TournamentArea::player_event_count() const
+{
+    return m_player_event_count->text();
+}
+
+void TournamentArea::init()
+{
+    if (!m_session.has_tournament()) {
+        clear();
+        return;
+    }
+    // Keep the user's place across a refresh where the rows still exist.
+    const qlonglong event_id = m_events->currentItem() ? m_events->currentItem()->data(id_role).toLongLong() : 0;
+    const qlonglong player_id = m_players->currentItem() ? m_players->currentItem()->data(id_role).toLongLong() : 0;
+
+    auto& db = m_session.tournament();
+    fill(m_events, loadevents(db));
+    fill(m_players, loadplayers(db));
+    const auto counts = main_counts(db);
+    m_event_count->setText(QString::number(counts.events));
+    m_entry_count->setText(QString::number(counts.entries));
+    m_events->setCurrentRow(row_of(m_events, event_id));
+    m_players->setCurrentRow(row_of(m_players, player_id));
+    load_entries();
+    load_player_events();
+}
+
+void TournamentArea::clear()
+{
+    for (auto* list : { m_events, m_entries, m_players, m_player_events })
+        list->clear();
+    for (auto* label : { m_event_count, m_entry_count, m_player_event_count })
+        label->clear();
+}
+
+void TournamentArea::refresh()
+{
+    init();
+}
+
+void TournamentArea::show_entries(EntryList which)
+{
+    m_entry_list = which;
+    for (EntryList each : { EntryList::players, EntryList::reserve, EntryList::raw_doubles })
+        entry_button(each)->setChecked(each == which);
+    load_entries();
+}
+
+void TournamentArea::load_entries()
+{
+    m_entries->clear();
+    const auto* event = m_events->currentItem();
+    if (!event || !m_session.has_tournament())
+        return;
+    fill(m_entries, load_event_entries(m_session.tournament(), event->data(id_role).toLongLong(), m_entry_list));
+}
+
+void TournamentArea::load_player_events()
+{
+    m_player_events->clear();
+    m_player_event_count->clear();
+    const auto* player = m_players->currentItem();
+    if (!player || !m_session.has_tournament())
+        return;
+    fill(m_player_events, player_events(m_session.tournament(), to_std(player->text())));
+    m_player_event_count->setText(QString::number(m_player_events->count()));
+}
+
+void TournamentArea::run_operation(QListWidgetItem* item)
+{
+    if (item && item->text() == QStringLiteral("clear data"))
+        open_clear_data();
+}
+
+ClearDataDialog* TournamentArea::open_clear_data()
+{
+    if (!m_session.has_tournament())
+        return nullptr;
+    auto* dialog = new ClearDataDialog(m_session, window());
+    dialog->show();
+    return dialog;
+}
+
+} // namespace qv

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "entries/main_lists.h"
+
+#include <QWidget>
+
+class QLabel;
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+
+namespace qv {
+
+class ClearDataDialog;
+class Session;
+
+// The tournament area ("mainform"): events and their entries, the register of players and a player's events,
+// and the operations of the tournament. Lists are pictures of the tables, read again on refresh.
+class TournamentArea : public QWidget
+{
+    Q_OBJECT
+
+public:
+    TournamentArea(Session& session, QWidget* parent = nullptr);
+
+    // Reads every list from the open tournament file.
+    void init();
+    // Empties every list: the file is closing.
+    void clear();
+
+    QListWidget* events() const { return m_events; }
+    QListWidget* entries() const { return m_entries; }
+    QListWidget* players() const { return m_players; }
+    QListWidget* player_events_list() const { return m_player_events; }
+    QListWidget* tournament_operations() const { return m_tournament_ops; }
+    QPushButton* entry_button(EntryList which) const;
+    QPushButton* refresh_button() const { return m_refresh; }
+    QPushButton* restart_button() const { return m_restart; }
+    QString event_count() const;
+    QString entry_count() const;
+    QString player_event_count() const;
+
+public slots:
+    void refresh();
+    void show_entries(EntryList which);
+    ClearDataDialog* open_clear_data();
+
+private:
+    void load_entries();
+    void load_player_events();
+    void run_operation(QListWidgetItem* item);
+
+    Session& m_session;
+    EntryList m_entry_list = EntryList::players;
+
+    QListWidget* m_events;
+    QPushButton* m_players_button;
+    QPushButton* m_reserve_button;
+    QPushButton* m_raw_button;
+    QListWidget* m_entries;
+    QLabel* m_event_count;
+    QLabel* m_entry_count;
+    QLabel* m_player_event_count;
+    QListWidget* m_players;
+    QListWidget* m_player_events;
+    QPushButton* m_refresh;
+    QPushButton* m_restart;
+    QListWidget* m_tournament_ops;
+};
+
+} // namespace qv
