@@ -4,7 +4,6 @@
 #include "core/session.h"
 
 #include <benchmark/benchmark.h>
-
 #include <filesystem>
 #include <random>
 
@@ -12,7 +11,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class NullTalk : public qv::UserTalk {
+class NullTalk : public qv::UserTalk
+{
 public:
     void message(std::string_view, std::string_view) override { }
     qv::Answer ask(std::string_view, std::string_view, qv::Buttons) override { return qv::Answer::Yes; }
@@ -22,7 +22,8 @@ public:
     void beep() override { }
 };
 
-class NullHost : public qv::SessionHost {
+class NullHost : public qv::SessionHost
+{
 public:
     void load_all_forms() override { }
     void unload_all_forms() override { }
@@ -36,7 +37,8 @@ public:
     void end_process() override { }
 };
 
-struct BusyTournament {
+struct BusyTournament
+{
     fs::path app;
     fs::path file;
 

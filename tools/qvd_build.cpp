@@ -1,10 +1,9 @@
 // qvd_build OUT.qvd SCRIPT.sql...: writes a fresh database file from SQL scripts, run in the order given.
-#include <sqlite3.h>
-
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <sqlite3.h>
 #include <sstream>
 
 int main(int argc, char** argv)

@@ -35,7 +35,10 @@ void AppDirs::clean_working() const
 
 namespace {
 
-bool writable_dir(const fs::path& dir) { return ::access(dir.c_str(), W_OK) == 0; }
+bool writable_dir(const fs::path& dir)
+{
+    return ::access(dir.c_str(), W_OK) == 0;
+}
 
 } // namespace
 

@@ -5,7 +5,8 @@
 namespace qv {
 
 // The application directory and the five directories beside the program.
-struct AppDirs {
+struct AppDirs
+{
     std::filesystem::path app;
     std::filesystem::path working;
     std::filesystem::path init_files;
@@ -27,7 +28,7 @@ struct AppDirs {
 
 // The executable's directory when it is writable and holds init_files, else the user's data directory,
 // seeded once with the init files that came with the program.
-std::filesystem::path choose_application_directory(const std::filesystem::path& executable_dir,
-    const std::filesystem::path& user_data_dir);
+std::filesystem::path choose_application_directory(
+    const std::filesystem::path& executable_dir, const std::filesystem::path& user_data_dir);
 
 } // namespace qv

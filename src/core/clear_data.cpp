@@ -46,8 +46,8 @@ void clear_always(Database& db)
 ClearDataTicks load_clear_data_ticks(Session& session)
 {
     auto& s = session.settings();
-    return { s.integer("cdata_1") == 1, s.integer("cdata_2") == 1, s.integer("cdata_3") == 1,
-        s.integer("cdata_4") == 1, s.integer("cdata_5") == 1 };
+    return { s.integer("cdata_1") == 1, s.integer("cdata_2") == 1, s.integer("cdata_3") == 1, s.integer("cdata_4") == 1,
+        s.integer("cdata_5") == 1 };
 }
 
 bool clear_data(Session& session, const ClearDataTicks& ticks)

@@ -7,12 +7,13 @@ namespace qv {
 class Session;
 
 // The five ticks of the clear data window, in the order of their settings cdata_1 to cdata_5.
-struct ClearDataTicks {
+struct ClearDataTicks
+{
     bool players_and_entries = false; // "delete players and entries"
-    bool events_and_entries = false;  // "delete events and entries"
-    bool entries = false;             // "delete entries"
-    bool days = false;                // "delete days"
-    bool details = false;             // "delete details"
+    bool events_and_entries = false; // "delete events and entries"
+    bool entries = false; // "delete entries"
+    bool days = false; // "delete days"
+    bool details = false; // "delete details"
 };
 
 ClearDataTicks load_clear_data_ticks(Session& session);

@@ -1,9 +1,8 @@
 #include "core/database.h"
 
-#include <sqlite3.h>
-
 #include <chrono>
 #include <ctime>
+#include <sqlite3.h>
 #include <system_error>
 
 namespace qv {
@@ -45,7 +44,10 @@ Statement& Statement::operator=(Statement&& other) noexcept
     return *this;
 }
 
-Statement::~Statement() { sqlite3_finalize(m_stmt); }
+Statement::~Statement()
+{
+    sqlite3_finalize(m_stmt);
+}
 
 void Statement::bind(int index, std::string_view value)
 {
@@ -87,9 +89,15 @@ void Statement::reset()
     sqlite3_clear_bindings(m_stmt);
 }
 
-int Statement::column_count() const { return sqlite3_column_count(m_stmt); }
+int Statement::column_count() const
+{
+    return sqlite3_column_count(m_stmt);
+}
 
-std::string Statement::column_name(int index) const { return sqlite3_column_name(m_stmt, index); }
+std::string Statement::column_name(int index) const
+{
+    return sqlite3_column_name(m_stmt, index);
+}
 
 int Statement::column_index(std::string_view column) const
 {
@@ -110,13 +118,25 @@ std::string Statement::text(int index) const
     return std::string(reinterpret_cast<const char*>(value), sqlite3_column_bytes(m_stmt, index));
 }
 
-std::int64_t Statement::integer(int index) const { return sqlite3_column_int64(m_stmt, index); }
+std::int64_t Statement::integer(int index) const
+{
+    return sqlite3_column_int64(m_stmt, index);
+}
 
-std::string Statement::text(std::string_view column) const { return text(column_index(column)); }
+std::string Statement::text(std::string_view column) const
+{
+    return text(column_index(column));
+}
 
-std::int64_t Statement::integer(std::string_view column) const { return integer(column_index(column)); }
+std::int64_t Statement::integer(std::string_view column) const
+{
+    return integer(column_index(column));
+}
 
-double Statement::real(std::string_view column) const { return sqlite3_column_double(m_stmt, column_index(column)); }
+double Statement::real(std::string_view column) const
+{
+    return sqlite3_column_double(m_stmt, column_index(column));
+}
 
 bool Statement::is_null(std::string_view column) const
 {
@@ -172,7 +192,10 @@ Database& Database::operator=(Database&& other) noexcept
     return *this;
 }
 
-Database::~Database() { close(); }
+Database::~Database()
+{
+    close();
+}
 
 void Database::close()
 {
@@ -207,8 +230,7 @@ std::int64_t Database::next_id(std::string_view table, std::string_view column)
 
 bool Database::has_table(std::string_view table)
 {
-    return scalar_integer("select count(*) from sqlite_master where type='table' and name=? collate nocase", table)
-        > 0;
+    return scalar_integer("select count(*) from sqlite_master where type='table' and name=? collate nocase", table) > 0;
 }
 
 std::int64_t Database::row_count(std::string_view table)
@@ -216,9 +238,15 @@ std::int64_t Database::row_count(std::string_view table)
     return scalar_integer("select count(*) from " + std::string(table));
 }
 
-void Database::empty_table(std::string_view table) { run("delete from " + std::string(table)); }
+void Database::empty_table(std::string_view table)
+{
+    run("delete from " + std::string(table));
+}
 
-int Database::changes() const { return sqlite3_changes(m_db); }
+int Database::changes() const
+{
+    return sqlite3_changes(m_db);
+}
 
 Transaction::Transaction(Database& db)
     : m_db(db)

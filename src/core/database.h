@@ -13,13 +13,15 @@ struct sqlite3_stmt;
 namespace qv {
 
 // A fault of the database engine: a broken file, a full disk, a statement the engine refuses.
-class DbError : public std::runtime_error {
+class DbError : public std::runtime_error
+{
 public:
     using std::runtime_error::runtime_error;
 };
 
 // A prepared statement. Values are bound by position; columns are read by name.
-class Statement {
+class Statement
+{
 public:
     Statement(sqlite3* db, std::string_view sql);
     Statement(Statement&& other) noexcept;
@@ -28,8 +30,7 @@ public:
     Statement& operator=(const Statement&) = delete;
     ~Statement();
 
-    template <class... Values>
-    Statement& bind_all(const Values&... values)
+    template <class... Values> Statement& bind_all(const Values&... values)
     {
         int index = 0;
         (bind(++index, values), ...);
@@ -67,7 +68,8 @@ private:
 };
 
 // One open database file. Move-only; closes on destruction.
-class Database {
+class Database
+{
 public:
     Database() = default;
     explicit Database(const std::filesystem::path& file);
@@ -87,8 +89,7 @@ public:
     void exec_script(std::string_view sql);
 
     // Runs one statement with bound values; returns the number of rows changed.
-    template <class... Values>
-    int run(std::string_view sql, const Values&... values)
+    template <class... Values> int run(std::string_view sql, const Values&... values)
     {
         Statement statement(m_db, checked_sql(sql));
         statement.bind_all(values...);
@@ -96,8 +97,7 @@ public:
         return changes();
     }
 
-    template <class... Values>
-    Statement query(std::string_view sql, const Values&... values)
+    template <class... Values> Statement query(std::string_view sql, const Values&... values)
     {
         Statement statement(m_db, checked_sql(sql));
         statement.bind_all(values...);
@@ -105,14 +105,12 @@ public:
     }
 
     // A single value of the first column of the first row, or the fallback when there is no row or it is NULL.
-    template <class... Values>
-    std::string scalar_text(std::string_view sql, const Values&... values)
+    template <class... Values> std::string scalar_text(std::string_view sql, const Values&... values)
     {
         auto statement = query(sql, values...);
         return statement.step() ? statement.text(0) : std::string();
     }
-    template <class... Values>
-    std::int64_t scalar_integer(std::string_view sql, const Values&... values)
+    template <class... Values> std::int64_t scalar_integer(std::string_view sql, const Values&... values)
     {
         auto statement = query(sql, values...);
         return statement.step() ? statement.integer(0) : 0;
@@ -137,7 +135,8 @@ private:
 };
 
 // Rolls back unless committed: a failed user operation leaves the file as it was.
-class Transaction {
+class Transaction
+{
 public:
     explicit Transaction(Database& db);
     Transaction(const Transaction&) = delete;

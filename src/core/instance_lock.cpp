@@ -6,7 +6,10 @@
 
 namespace qv {
 
-InstanceLock::~InstanceLock() { release(); }
+InstanceLock::~InstanceLock()
+{
+    release();
+}
 
 bool InstanceLock::acquire(const std::filesystem::path& lock_file)
 {

@@ -6,7 +6,8 @@ namespace qv {
 
 // One running program per application directory: an advisory lock on a file beside the program,
 // released by the system when the process ends, however it ends.
-class InstanceLock {
+class InstanceLock
+{
 public:
     InstanceLock() = default;
     InstanceLock(const InstanceLock&) = delete;

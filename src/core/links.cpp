@@ -7,7 +7,8 @@ namespace qv {
 
 std::vector<Link> tournament_links(const std::string& servlet, const std::string& custid)
 {
-    struct Page {
+    struct Page
+    {
         std::string_view name;
         std::string_view idx;
     };

@@ -5,7 +5,8 @@
 
 namespace qv {
 
-struct Link {
+struct Link
+{
     std::string name;
     std::string address;
 };

@@ -1,9 +1,8 @@
 #include "core/os_variables.h"
 
+#include <fstream>
 #include <sys/utsname.h>
 #include <unistd.h>
-
-#include <fstream>
 
 namespace qv {
 

@@ -5,7 +5,8 @@
 namespace qv {
 
 // What the system tells about itself; used only as fields of online requests.
-struct OsVariables {
+struct OsVariables
+{
     std::string machine_id;
     std::string name; // "Linux", or "unknown_os" when the system cannot be named
     std::string details;

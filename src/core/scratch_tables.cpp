@@ -19,16 +19,25 @@ constexpr std::array<std::string_view, 16> peek_browse_scratch { "alist", "alist
     "peek_evententries", "peek_events", "peek_info", "peek_players", "peek_rawdoublesentries", "qv4_single_events",
     "qv4_single_players", "qv4_single_schedule" };
 
-constexpr std::array<std::string_view, 6> clear_data_extra { "folders", "force_draw", "player_match_counts",
-    "schedule", "calc_time_conflicts_courts", "calc_time_conflicts_matches" };
+constexpr std::array<std::string_view, 6> clear_data_extra { "folders", "force_draw", "player_match_counts", "schedule",
+    "calc_time_conflicts_courts", "calc_time_conflicts_matches" };
 
 } // namespace
 
-std::span<const std::string_view> tournament_scratch_tables() { return tournament_scratch; }
+std::span<const std::string_view> tournament_scratch_tables()
+{
+    return tournament_scratch;
+}
 
-std::span<const std::string_view> peek_browse_scratch_tables() { return peek_browse_scratch; }
+std::span<const std::string_view> peek_browse_scratch_tables()
+{
+    return peek_browse_scratch;
+}
 
-std::span<const std::string_view> clear_data_tables() { return clear_data_extra; }
+std::span<const std::string_view> clear_data_tables()
+{
+    return clear_data_extra;
+}
 
 void empty_tables(Database& db, std::span<const std::string_view> tables)
 {

@@ -15,7 +15,10 @@ namespace {
 constexpr const char* restart_marker = "boot_restart_app";
 
 // The file name without its directory.
-std::string extract_fn(const std::string& path) { return fs::path(path).filename().string(); }
+std::string extract_fn(const std::string& path)
+{
+    return fs::path(path).filename().string();
+}
 
 } // namespace
 
@@ -268,8 +271,8 @@ void Session::menu_save_as()
 {
     if (!has_tournament())
         return;
-    const auto chosen = m_talk.choose_file(
-        { FileDialogKind::SaveAs, "save tournament as..", "saveas.qvd", "qvd.", m_settings.text("app.last_dir_opened") });
+    const auto chosen = m_talk.choose_file({ FileDialogKind::SaveAs, "save tournament as..", "saveas.qvd", "qvd.",
+        m_settings.text("app.last_dir_opened") });
     if (!chosen)
         return;
     if (!close_current_db())

@@ -16,7 +16,8 @@ namespace qv {
 
 // The tournament session: the three open databases, the directories, the settings and the work area shown.
 // It owns no tournament logic; every other operation reaches the tables through it.
-class Session {
+class Session
+{
 public:
     Session(const std::filesystem::path& app_dir, UserTalk& talk, SessionHost& host);
     Session(const Session&) = delete;

@@ -9,7 +9,8 @@ namespace qv {
 
 // The windows' side of the session: the work areas, the pointer, the deferred timer and the end of the process.
 // The main window implements it; tests record what the session asked of it.
-class SessionHost {
+class SessionHost
+{
 public:
     virtual ~SessionHost() = default;
 

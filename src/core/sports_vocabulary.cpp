@@ -20,7 +20,10 @@ const std::vector<Sport>& set_up_sport()
     return sports;
 }
 
-std::array<std::string, 6> as_array(const SportWords& w) { return { w.court, w.c, w.courts, w.match, w.m, w.matches }; }
+std::array<std::string, 6> as_array(const SportWords& w)
+{
+    return { w.court, w.c, w.courts, w.match, w.m, w.matches };
+}
 
 SportWords current_sport_words(Session& session)
 {
@@ -49,8 +52,8 @@ SaveWords save_sport_words(Session& session, const SportWords& words)
     }
     const bool restart = session.has_tournament();
     if (restart
-        && session.talk().ask("Changing these settings requires a restart of quorvelin,continue?", "Confirm",
-               Buttons::YesNo)
+        && session.talk().ask(
+               "Changing these settings requires a restart of quorvelin,continue?", "Confirm", Buttons::YesNo)
             != Answer::Yes)
         return SaveWords::declined;
     const auto values = as_array(words);

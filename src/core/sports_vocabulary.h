@@ -12,7 +12,8 @@ namespace qv {
 class Session;
 
 // The six words that let the program speak of tees, tables or boards instead of courts.
-struct SportWords {
+struct SportWords
+{
     std::string court, c, courts, match, m, matches;
 };
 
@@ -20,7 +21,8 @@ struct SportWords {
 inline constexpr std::array<std::string_view, 6> sport_word_keys { "app.generic_court", "app.generic_c",
     "app.generic_courts", "app.generic_match", "app.generic_m", "app.generic_matches" };
 
-struct Sport {
+struct Sport
+{
     std::string name;
     SportWords words;
 };
@@ -32,7 +34,8 @@ std::array<std::string, 6> as_array(const SportWords& words);
 SportWords current_sport_words(Session& session);
 
 // The first word that fails its check, with the refusal; none when all six pass.
-struct WordRefusal {
+struct WordRefusal
+{
     int field = -1;
     Refusal refusal;
 };

@@ -14,7 +14,8 @@ enum class Answer { Ok, Cancel, Yes, No };
 enum class FileDialogKind { Open, SaveAs, OpenMany, Directory };
 
 // What a file dialog is asked for: a title, a default name and a filter written as the program writes it ("qvd.").
-struct FileRequest {
+struct FileRequest
+{
     FileDialogKind kind = FileDialogKind::Open;
     std::string title;
     std::string default_name;
@@ -24,7 +25,8 @@ struct FileRequest {
 
 // Every word an operation says to the user goes through here. The windows implement it with dialogs;
 // tests script the answers and read back what was said.
-class UserTalk {
+class UserTalk
+{
 public:
     virtual ~UserTalk() = default;
     virtual void message(std::string_view text, std::string_view title = {}) = 0;

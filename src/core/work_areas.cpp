@@ -4,7 +4,8 @@ namespace qv {
 
 namespace {
 
-struct AreaWords {
+struct AreaWords
+{
     Area area;
     std::string_view name;
     std::string_view caption;
@@ -31,9 +32,15 @@ const AreaWords& find(Area area)
 
 } // namespace
 
-std::string_view area_name(Area area) { return find(area).name; }
+std::string_view area_name(Area area)
+{
+    return find(area).name;
+}
 
-std::string_view area_caption(Area area) { return find(area).caption; }
+std::string_view area_caption(Area area)
+{
+    return find(area).caption;
+}
 
 std::optional<Area> area_from_name(std::string_view name)
 {

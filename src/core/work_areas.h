@@ -8,14 +8,14 @@ namespace qv {
 
 // The eight work areas, in the order in which the area switch paints their markers.
 enum class Area { payments, mainform, schedule, config_admin, idocuments, draw, prints, assistant_new };
-inline constexpr std::array<Area, 8> marker_order { Area::payments, Area::mainform, Area::schedule,
-    Area::config_admin, Area::idocuments, Area::draw, Area::prints, Area::assistant_new };
+inline constexpr std::array<Area, 8> marker_order { Area::payments, Area::mainform, Area::schedule, Area::config_admin,
+    Area::idocuments, Area::draw, Area::prints, Area::assistant_new };
 
 // The toolbar order, as the user reads it left to right.
-inline constexpr std::array<Area, 8> toolbar_order { Area::mainform, Area::schedule, Area::assistant_new,
-    Area::draw, Area::idocuments, Area::config_admin, Area::prints, Area::payments };
+inline constexpr std::array<Area, 8> toolbar_order { Area::mainform, Area::schedule, Area::assistant_new, Area::draw,
+    Area::idocuments, Area::config_admin, Area::prints, Area::payments };
 
-std::string_view area_name(Area area);    // "mainform", "schedule", ...
+std::string_view area_name(Area area); // "mainform", "schedule", ...
 std::string_view area_caption(Area area); // "tournament", "schedule", ...
 std::optional<Area> area_from_name(std::string_view name);
 

@@ -35,8 +35,8 @@ std::vector<ListLine> load_event_entries(Database& db, std::int64_t eid, EntryLi
         while (rows.step()) {
             const auto partner = rows.text("partnername");
             const bool required = name_key(partner) == partner_required;
-            lines.push_back({ rows.text("player") + "/" + (required ? "(partner required)" : partner),
-                rows.integer("rdidx") });
+            lines.push_back(
+                { rows.text("player") + "/" + (required ? "(partner required)" : partner), rows.integer("rdidx") });
         }
         return lines;
     }

@@ -9,7 +9,8 @@ namespace qv {
 class Database;
 
 // One line of a list on screen and the id it stands for.
-struct ListLine {
+struct ListLine
+{
     std::string text;
     std::int64_t id = 0;
 };
@@ -29,8 +30,9 @@ std::vector<ListLine> loadplayers(Database& db);
 // The events a player has entered: as a player or as half of a pair, and "raw: " before a raw doubles entry.
 std::vector<ListLine> player_events(Database& db, const std::string& player);
 
-struct MainCounts {
-    std::int64_t events = 0;  // "Total number of events"
+struct MainCounts
+{
+    std::int64_t events = 0; // "Total number of events"
     std::int64_t entries = 0; // "Total entries ( including raw doubles)"
 };
 MainCounts main_counts(Database& db);

@@ -9,7 +9,8 @@
 namespace qv {
 namespace {
 
-class ClearDataTest : public ::testing::Test {
+class ClearDataTest : public ::testing::Test
+{
 protected:
     test::TempAppDir dir;
     test::ScriptedTalk talk;
@@ -69,7 +70,8 @@ TEST_F(ClearDataTest, NothingTickedStillRemovesDrawsScheduleAndFolders)
 
 TEST_F(ClearDataTest, EachTickClearsItsTables)
 {
-    struct Case {
+    struct Case
+    {
         ClearDataTicks ticks;
         std::int64_t players, events, entries, raw;
     };

@@ -4,16 +4,16 @@
 #include "support/scripted_talk.h"
 #include "support/temp_app_dir.h"
 
-#include <gtest/gtest.h>
-
 #include <fstream>
+#include <gtest/gtest.h>
 
 namespace qv {
 namespace {
 
 namespace fs = std::filesystem;
 
-class SessionTest : public ::testing::Test {
+class SessionTest : public ::testing::Test
+{
 protected:
     test::TempAppDir dir;
     test::ScriptedTalk talk;
@@ -227,7 +227,8 @@ TEST_F(SessionTest, FilesThatAreNotTournamentsAreRefusedUntouched)
 
     EXPECT_FALSE(session.has_tournament());
     EXPECT_EQ(talk.messages(),
-        (std::vector<std::string> { "not a tournament file:" + text.string(), "not a tournament file:" + other.string() }));
+        (std::vector<std::string> {
+            "not a tournament file:" + text.string(), "not a tournament file:" + other.string() }));
     EXPECT_EQ(fs::file_size(text), size);
 }
 

@@ -9,7 +9,8 @@
 namespace qv {
 namespace {
 
-class SportsTest : public ::testing::Test {
+class SportsTest : public ::testing::Test
+{
 protected:
     test::TempAppDir dir;
     test::ScriptedTalk talk;
@@ -17,7 +18,10 @@ protected:
     Session session { dir.path(), talk, host };
 };
 
-SportWords golf() { return set_up_sport()[1].words; }
+SportWords golf()
+{
+    return set_up_sport()[1].words;
+}
 
 TEST_F(SportsTest, NineSportsInOrderWithThePitchsPluralAsStored)
 {
@@ -25,14 +29,15 @@ TEST_F(SportsTest, NineSportsInOrderWithThePitchsPluralAsStored)
     for (const auto& s : set_up_sport())
         names.push_back(s.name);
     EXPECT_EQ(names,
-        (std::vector<std::string> { "tennis", "golf", "soccer", "pool", "snooker", "darts", "chess", "squash",
-            "badminton" }));
+        (std::vector<std::string> {
+            "tennis", "golf", "soccer", "pool", "snooker", "darts", "chess", "squash", "badminton" }));
     EXPECT_EQ(set_up_sport()[2].words.courts, "pitchs");
 }
 
 TEST_F(SportsTest, EachWordMustBeLowerCaseLettersAndBlanks)
 {
-    struct Case {
+    struct Case
+    {
         int field;
         std::string value, message;
         int position;

@@ -15,7 +15,8 @@ std::vector<std::string> texts(const std::vector<ListLine>& lines)
     return out;
 }
 
-class MainListsTest : public ::testing::Test {
+class MainListsTest : public ::testing::Test
+{
 protected:
     test::TempAppDir dir;
     Database db { dir.new_tournament() };
@@ -53,7 +54,8 @@ TEST_F(MainListsTest, PlayersByFirstNameAndTheirEventsAsPlayerPartnerOrRaw)
 {
     EXPECT_EQ(texts(loadplayers(db)), (std::vector<std::string> { "al west", "zoe park" }));
     EXPECT_EQ(texts(player_events(db, "Al West ")), (std::vector<std::string> { "mens singles", "mixed doubles" }));
-    EXPECT_EQ(texts(player_events(db, "zoe park")), (std::vector<std::string> { "mixed doubles", "raw: mixed doubles" }));
+    EXPECT_EQ(
+        texts(player_events(db, "zoe park")), (std::vector<std::string> { "mixed doubles", "raw: mixed doubles" }));
     const auto counts = main_counts(db);
     EXPECT_EQ(counts.events, 2);
     EXPECT_EQ(counts.entries, 5);

@@ -10,7 +10,8 @@
 namespace qv::test {
 
 // A main window without a screen: records what the session asked and runs deferred actions on demand.
-class FakeHost : public SessionHost {
+class FakeHost : public SessionHost
+{
 public:
     std::vector<std::string> calls;
     std::deque<std::function<void()>> deferred;

@@ -9,9 +9,11 @@
 namespace qv::test {
 
 // A user who answers from a script and remembers everything the program said.
-class ScriptedTalk : public UserTalk {
+class ScriptedTalk : public UserTalk
+{
 public:
-    struct Said {
+    struct Said
+    {
         std::string kind; // "message", "ask", "file", "text", "progress", "beep"
         std::string text;
         std::string title;

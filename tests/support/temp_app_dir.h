@@ -5,7 +5,8 @@
 namespace qv::test {
 
 // A fresh application directory for one test: init_files/ copied from the build, removed afterwards.
-class TempAppDir {
+class TempAppDir
+{
 public:
     TempAppDir();
     ~TempAppDir();
