@@ -30,6 +30,7 @@ public:
     bool leave_draw() override { return true; }
     void cancel_list1() override { }
     void refresh_draw_on_entry() override { }
+    void refresh_lists(qv::Lists) override { }
     void show_area(qv::Area, const qv::Markers&) override { }
     void set_generics(const std::string&, const std::string&) override { }
     void busy(bool) override { }

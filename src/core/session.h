@@ -50,6 +50,8 @@ public:
     // A toolbar click: nothing happens while no tournament is open.
     void toolbar_click(Area area);
     void set_generics();
+    // Tells the windows that an operation changed what these lists show.
+    void refresh_lists(Lists which) { m_host.refresh_lists(which); }
 
     bool has_tournament() const { return !m_current_file_path.empty(); }
     Database& tournament() { return m_tournament; }

@@ -7,6 +7,9 @@
 
 namespace qv {
 
+// The families of lists that operations ask the windows to read again.
+enum class Lists { players, events, entries, folders, draw };
+
 // The windows' side of the session: the work areas, the pointer, the deferred timer and the end of the process.
 // The main window implements it; tests record what the session asked of it.
 class SessionHost
@@ -26,6 +29,9 @@ public:
     virtual void cancel_list1() = 0;
     // The draw area re-reads its draw when it is entered, so changes made elsewhere show.
     virtual void refresh_draw_on_entry() = 0;
+
+    // An operation changed what these lists show; every open window that shows them reads them again.
+    virtual void refresh_lists(Lists which) = 0;
 
     virtual void show_area(Area area, const Markers& markers) = 0;
     virtual void set_generics(const std::string& caption, const std::string& tooltip) = 0;

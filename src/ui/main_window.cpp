@@ -217,6 +217,13 @@ void MainWindow::unload_all_forms()
     update_title();
 }
 
+void MainWindow::refresh_lists(Lists)
+{
+    // The tournament area shows players, events and entries alike: any change reads it again.
+    if (m_session->has_tournament())
+        m_tournament->refresh();
+}
+
 void MainWindow::show_area(Area area, const Markers& markers)
 {
     auto& settings = m_session->settings();

@@ -43,6 +43,7 @@ public:
     // The draw area's list and its refresh on entry come with the draw area.
     void cancel_list1() override { }
     void refresh_draw_on_entry() override { }
+    void refresh_lists(Lists which) override;
     void show_area(Area area, const Markers& markers) override;
     void set_generics(const std::string& caption, const std::string& tooltip) override;
     void busy(bool on) override;

@@ -29,6 +29,7 @@ public:
     }
     void cancel_list1() override { calls.push_back("cancel_list1"); }
     void refresh_draw_on_entry() override { calls.push_back("refresh_draw"); }
+    void refresh_lists(Lists which) override { calls.push_back("refresh " + std::to_string(int(which))); }
     void show_area(Area area, const Markers& m) override
     {
         calls.push_back("show " + std::string(area_name(area)));
