@@ -60,6 +60,9 @@ TournamentArea::TournamentArea(Session& session, QWidget* parent)
     , m_refresh(new QPushButton(QStringLiteral("refresh"), this))
     , m_restart(new QPushButton(QStringLiteral("restart"), this))
     , m_tournament_ops(new QListWidget(this))
+    , m_events_ops(new QListWidget(this))
+    , m_players_ops(new QListWidget(this))
+    , m_event_ops(new QListWidget(this))
 {
     setObjectName(QStringLiteral("mainform"));
     m_tournament_ops->setObjectName(QStringLiteral("tournament_operations"));
@@ -89,16 +92,20 @@ TournamentArea::TournamentArea(Session& session, QWidget* parent)
     players_column->addWidget(m_players, 3);
     players_column->addWidget(m_player_events, 1);
 
-    auto* ops_box = new QGroupBox(QStringLiteral("tournament"), this);
-    auto* ops_column = new QVBoxLayout(ops_box);
-    // Each line opens a window; the other windows of this list come with their own work.
-    m_tournament_ops->addItem(QStringLiteral("clear data"));
-    ops_column->addWidget(m_tournament_ops);
-
     auto* side = new QVBoxLayout;
     side->addWidget(m_refresh);
     side->addWidget(m_restart);
-    side->addWidget(ops_box, 1);
+    const std::pair<const char*, QListWidget*> op_lists[] = { { "tournament", m_tournament_ops },
+        { "events", m_events_ops }, { "players", m_players_ops }, { "event", m_event_ops } };
+    for (const auto& [caption, list] : op_lists) {
+        auto* box = new QGroupBox(QString::fromLatin1(caption), this);
+        auto* column = new QVBoxLayout(box);
+        column->addWidget(list);
+        side->addWidget(box, 1);
+        connect(list, &QListWidget::itemClicked, this, &TournamentArea::run_operation);
+    }
+    // Each line opens a window; the windows register their lines as they come.
+    add_operation(OperationList::tournament, QStringLiteral("clear data"), [this] { open_clear_data(); });
 
     auto* layout = new QHBoxLayout(this);
     layout->addWidget(events_box, 3);
@@ -112,7 +119,6 @@ TournamentArea::TournamentArea(Session& session, QWidget* parent)
     connect(m_raw_button, &QPushButton::clicked, this, [this] { show_entries(EntryList::raw_doubles); });
     connect(m_refresh, &QPushButton::clicked, this, &TournamentArea::refresh);
     connect(m_restart, &QPushButton::clicked, this, [this] { m_session.boot_restart_from_mainform(); });
-    connect(m_tournament_ops, &QListWidget::itemClicked, this, &TournamentArea::run_operation);
 }
 
 QPushButton* TournamentArea::entry_button(EntryList which) const
@@ -204,10 +210,45 @@ void TournamentArea::load_player_events()
     m_player_event_count->setText(QString::number(m_player_events->count()));
 }
 
+QListWidget* TournamentArea::operations(OperationList which) const
+{
+    switch (which) {
+    case OperationList::tournament:
+        return m_tournament_ops;
+    case OperationList::events:
+        return m_events_ops;
+    case OperationList::players:
+        return m_players_ops;
+    case OperationList::selected_event:
+        return m_event_ops;
+    }
+    return m_tournament_ops;
+}
+
+void TournamentArea::add_operation(OperationList which, const QString& caption, std::function<void()> action)
+{
+    auto* list = operations(which);
+    list->addItem(caption);
+    m_actions[list][caption] = std::move(action);
+}
+
+qlonglong TournamentArea::selected_event() const
+{
+    return m_events->currentItem() ? m_events->currentItem()->data(id_role).toLongLong() : 0;
+}
+
+QString TournamentArea::selected_player() const
+{
+    return m_players->currentItem() ? m_players->currentItem()->text() : QString();
+}
+
 void TournamentArea::run_operation(QListWidgetItem* item)
 {
-    if (item && item->text() == QStringLiteral("clear data"))
-        open_clear_data();
+    if (!item || !m_session.has_tournament())
+        return;
+    const auto& actions = m_actions[item->listWidget()];
+    if (auto found = actions.find(item->text()); found != actions.end())
+        found->second();
 }
 
 ClearDataDialog* TournamentArea::open_clear_data()

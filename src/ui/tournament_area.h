@@ -4,6 +4,9 @@
 
 #include <QWidget>
 
+#include <functional>
+#include <map>
+
 class QLabel;
 class QListWidget;
 class QListWidgetItem;
@@ -16,6 +19,10 @@ class Session;
 
 // The tournament area ("mainform"): events and their entries, the register of players and a player's events,
 // and the operations of the tournament. Lists are pictures of the tables, read again on refresh.
+// The four lists of operations beside the main lists: the tournament's, the events', the players', and those of
+// the selected event.
+enum class OperationList { tournament, events, players, selected_event };
+
 class TournamentArea : public QWidget
 {
     Q_OBJECT
@@ -33,6 +40,12 @@ public:
     QListWidget* players() const { return m_players; }
     QListWidget* player_events_list() const { return m_player_events; }
     QListWidget* tournament_operations() const { return m_tournament_ops; }
+    QListWidget* operations(OperationList which) const;
+    // Adds a line to a list of operations; a click on it runs the action.
+    void add_operation(OperationList which, const QString& caption, std::function<void()> action);
+    // The selected event's id, 0 when none is selected; the selected player's name, empty when none.
+    qlonglong selected_event() const;
+    QString selected_player() const;
     QPushButton* entry_button(EntryList which) const;
     QPushButton* refresh_button() const { return m_refresh; }
     QPushButton* restart_button() const { return m_restart; }
@@ -66,6 +79,10 @@ private:
     QPushButton* m_refresh;
     QPushButton* m_restart;
     QListWidget* m_tournament_ops;
+    QListWidget* m_events_ops;
+    QListWidget* m_players_ops;
+    QListWidget* m_event_ops;
+    std::map<QListWidget*, std::map<QString, std::function<void()>>> m_actions;
 };
 
 } // namespace qv
