@@ -1,0 +1,72 @@
+#pragma once
+
+#include "drawengine/draw_random.h"
+#include "drawengine/open_draw.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace qv {
+
+class Database;
+class Session;
+
+// What generation hands on to later steps. An empty hook does nothing.
+struct DrawHooks
+{
+    std::function<void(OpenDraw&, bool highlight)> set_scoreboxes; // by the setting draw.ihilightscorebox
+    std::function<void(OpenDraw&)> sendbyesthru; // when draw.byes_thru_on_do_draw is 1
+    std::function<void(OpenDraw&)> show_draw;
+    std::function<void(OpenDraw&)> round_robin; // DODRAW of an "rr" event
+};
+
+// get_random(flag): 1 to 3, or 2 to 3 when flag is set.
+int get_random(DrawRandom& random, bool flag);
+
+// The two list shuffles: every item taken at random from the one list and appended to the other.
+void KO_do_draw_jumble1(std::vector<std::string>& hold, std::vector<std::string>& hold2, DrawRandom& random);
+void KO_do_draw_jumble2(std::vector<std::string>& hold, std::vector<std::string>& hold2, DrawRandom& random);
+
+// Fills each entry's country ("a/b" for a pair) and ar marks ("", "." or "..") from the players' register.
+void pull_ar_countries(Database& tournament, std::int64_t eid);
+
+// Reads the event's columns into the state record: eid, name, sex, draw type, singles or doubles, points mode,
+// draw size, sid range and time stamp.
+void load_event_state(Database& tournament, std::int64_t eid, DrawState& draw);
+
+// Places the entries of draw.curr_eid and opens the new draw. False when nothing was placed ("no players", or
+// more candidates than a draw can hold); the open draw is then left as it was.
+bool KO_do_draw2(Session& session, OpenDraw& draw, DrawRandom& random, const DrawHooks& hooks = {});
+
+// Copies draw_stage2 into the first round of the tree.
+void KO_pull_draw_stage2(Database& tournament, OpenDraw& draw);
+
+// Asks, then removes the open draw from schedule, the event and its entries. False when the user said No or
+// Cancel; true at once when no draw is open.
+bool RR_KO_delete_draw(Session& session, OpenDraw& draw);
+
+// "do draw" on the chosen event: delete any old draw, then place the new one.
+void DODRAW(Session& session, OpenDraw& draw, DrawRandom& random, const DrawHooks& hooks = {});
+
+// Lays the empty tree of the open draw down in schedule, one row per match and the winner row, and records the
+// sid range in events and the state record. The tree's slots learn the sids of their rows.
+void add_draw_stub(Database& tournament, OpenDraw& draw);
+
+// The steps of "do all draws" that belong to the draw area and the save.
+struct AllDrawsSteps
+{
+    std::function<bool(OpenDraw&)> close_draw; // false: the user stays in the open draw; empty: always leaves
+    std::function<void(OpenDraw&, std::int64_t eid)> load_draw; // BF_load_draw; empty: load_event_state
+    std::function<void()> breathe; // one pass of the event loop
+    std::function<bool(OpenDraw&)> save_draw_doing_all_draws;
+    std::function<void(OpenDraw&)> close_draw_special;
+    std::function<void(OpenDraw&)> save_draw_END_doing_all_draws;
+};
+
+// DOALLDRAWS: a draw for every event of the list without one, saved as it goes, then "ok".
+void do_all_draws(
+    Session& session, OpenDraw& draw, DrawRandom& random, const DrawHooks& hooks, const AllDrawsSteps& steps);
+
+} // namespace qv

@@ -1,0 +1,209 @@
+#include "drawengine/name_forms.h"
+
+#include "core/database.h"
+#include "core/utf8.h"
+#include "drawengine/open_draw.h"
+
+#include <optional>
+#include <vector>
+
+namespace qv {
+
+namespace {
+
+bool fits(std::string_view text, std::size_t limit)
+{
+    return char_count(text) <= limit;
+}
+
+// The first letter in capitals, the rest as it stands.
+std::string cap(std::string_view text)
+{
+    auto chars = decode_utf8(text);
+    if (!chars.empty())
+        chars[0] = upper_latin1(chars[0]);
+    return encode_utf8(chars);
+}
+
+std::string first_letter_upper(std::string_view text)
+{
+    return cap(left_chars(text, 1));
+}
+
+// Fallback forms are shown in lower case, accented capitals included.
+std::string lower_all(std::string_view text)
+{
+    auto chars = decode_utf8(text);
+    for (auto& c : chars)
+        c = lower_latin1(c);
+    return encode_utf8(chars);
+}
+
+std::optional<std::string> first_fitting(
+    const std::vector<std::string>& candidates, std::size_t limit, const UniqueTest& k_isunique)
+{
+    for (const auto& candidate : candidates)
+        if (fits(candidate, limit) && k_isunique(candidate))
+            return candidate;
+    return std::nullopt;
+}
+
+enum class TagFallbackGoesTo { tag, frn };
+
+// The scheme the four functions share: the full name when it fits, else the first unique candidate that fits,
+// else a fallback with the running number behind it.
+NameForms make_forms(std::string_view name, const std::vector<std::string>& candidates,
+    const std::string& frn_fallback_stem, const std::string& tag_fallback_stem, TagFallbackGoesTo tag_fallback_to,
+    const UniqueTest& k_isunique, NameCounter& counter)
+{
+    NameForms forms;
+    forms.ttt = std::string(name);
+
+    if (fits(forms.ttt, frn_limit))
+        forms.frn = forms.ttt;
+    else if (auto found = first_fitting(candidates, frn_limit, k_isunique))
+        forms.frn = *found;
+    else
+        forms.frn = frn_fallback_stem + counter.get_cnt_str();
+
+    if (fits(forms.ttt, tag_limit))
+        forms.tag = forms.ttt;
+    else if (fits(forms.frn, tag_limit))
+        forms.tag = forms.frn;
+    else if (auto found = first_fitting(candidates, tag_limit, k_isunique))
+        forms.tag = *found;
+    else if (tag_fallback_to == TagFallbackGoesTo::tag)
+        forms.tag = tag_fallback_stem + counter.get_cnt_str();
+    else {
+        // Pairs known by first names only have always kept this fallback in the first-round form and no handle.
+        forms.frn = tag_fallback_stem + counter.get_cnt_str();
+        forms.tag.clear();
+    }
+    return forms;
+}
+
+std::vector<std::string> doubles_candidates(std::string_view a, std::string_view b)
+{
+    static constexpr std::pair<std::size_t, std::size_t> widths[] = { { 9, 8 }, { 8, 9 }, { 8, 8 }, { 8, 7 }, { 7, 8 },
+        { 7, 7 }, { 7, 6 }, { 6, 7 }, { 6, 6 }, { 5, 4 }, { 4, 5 } };
+    std::vector<std::string> candidates;
+    for (const auto& [m, n] : widths)
+        candidates.push_back(trim(left_chars(a, m) + "/" + left_chars(b, n)));
+    return candidates;
+}
+
+NameForms doubles_forms(std::string_view name, std::string_view a, std::string_view b,
+    TagFallbackGoesTo tag_fallback_to, const UniqueTest& k_isunique, NameCounter& counter)
+{
+    return make_forms(name, doubles_candidates(a, b), lower_all(left_chars(a, 4) + "/" + left_chars(b, 5)),
+        lower_all(left_chars(a, 3) + "/" + left_chars(b, 4)), tag_fallback_to, k_isunique, counter);
+}
+
+bool begins(std::string_view text, std::string_view prefix)
+{
+    return text.substr(0, prefix.size()) == prefix;
+}
+
+} // namespace
+
+bool k_isunique_ko(const OpenDraw& draw, std::string_view candidate)
+{
+    const auto key = name_key(candidate);
+    for (int i = 1; i <= draw.positions(1); ++i) {
+        const auto& s = draw.slot(1, i);
+        if (name_key(s.ttt) == key || name_key(s.frn) == key || name_key(s.tag) == key)
+            return false;
+    }
+    return true;
+}
+
+NameForms k_get_names_singles_player_fname_sname(std::string_view name, std::string_view fname, std::string_view sname,
+    const UniqueTest& k_isunique, NameCounter& counter)
+{
+    const auto initial = first_letter_upper(fname);
+    const std::vector<std::string> candidates {
+        trim(initial + "." + cap(sname)),
+        trim(initial + cap(sname)),
+        trim(cap(sname)),
+        trim(left_chars(sname, 15)),
+        trim(left_chars(sname, 13)),
+        trim(left_chars(sname, 12)),
+        trim(left_chars(sname, 10)),
+    };
+    const auto& last = candidates.back();
+    return make_forms(name, candidates, last, left_chars(last, 10), TagFallbackGoesTo::tag, k_isunique, counter);
+}
+
+NameForms k_get_names_singles_player_fname(
+    std::string_view name, std::string_view fname, const UniqueTest& k_isunique, NameCounter& counter)
+{
+    std::vector<std::string> candidates;
+    for (std::size_t n : { 17, 16, 15, 14, 13, 12 })
+        candidates.push_back(trim(left_chars(fname, n)));
+    const auto& last = candidates.back();
+    return make_forms(name, candidates, last, left_chars(last, 10), TagFallbackGoesTo::tag, k_isunique, counter);
+}
+
+NameForms k_get_names_doubles_player_fname_sname(std::string_view name, std::string_view, std::string_view sname1,
+    std::string_view, std::string_view sname2, const UniqueTest& k_isunique, NameCounter& counter)
+{
+    return doubles_forms(name, sname1, sname2, TagFallbackGoesTo::tag, k_isunique, counter);
+}
+
+NameForms k_get_names_doubles_player_fname(std::string_view name, std::string_view fname1, std::string_view fname2,
+    const UniqueTest& k_isunique, NameCounter& counter)
+{
+    return doubles_forms(name, fname1, fname2, TagFallbackGoesTo::frn, k_isunique, counter);
+}
+
+NameForms form_slot_names(
+    Database& tournament, std::int64_t eid, std::string_view name, const UniqueTest& k_isunique, NameCounter& counter)
+{
+    const auto key = name_key(name);
+    NameForms as_it_stands { std::string(name), std::string(name), std::string(name) };
+    if (key == "bye" || begins(key, "qualifier") || begins(key, "wildcard"))
+        return as_it_stands;
+
+    auto entry = tournament.query(R"(select playerfname, playersname, partnerfname, partnersname from evententries
+        where eid = ? and lower(trim(player)) = ? order by rowid limit 1)",
+        eid, key);
+    if (!entry.step())
+        return as_it_stands;
+    const auto fname1 = trim(entry.text("playerfname"));
+    const auto sname1 = trim(entry.text("playersname"));
+    const auto fname2 = trim(entry.text("partnerfname"));
+    const auto sname2 = trim(entry.text("partnersname"));
+
+    const bool no_surnames = sname1.empty() && sname2.empty();
+    const bool doubles = name.find('/') != std::string_view::npos;
+    if (doubles && !no_surnames)
+        return k_get_names_doubles_player_fname_sname(name, fname1, sname1, fname2, sname2, k_isunique, counter);
+    if (doubles)
+        return k_get_names_doubles_player_fname(name, fname1, fname2, k_isunique, counter);
+    if (!no_surnames)
+        return k_get_names_singles_player_fname_sname(name, fname1, sname1, k_isunique, counter);
+    return k_get_names_singles_player_fname(name, fname1, k_isunique, counter);
+}
+
+void k_fmt_names(Database& tournament, std::int64_t eid, int count, const std::function<std::string(int)>& name_at,
+    const std::function<void(int, const NameForms&)>& store, const UniqueTest& k_isunique)
+{
+    NameCounter counter;
+    for (int i = 1; i <= count; ++i)
+        store(i, form_slot_names(tournament, eid, name_at(i), k_isunique, counter));
+}
+
+void k_fmt_names_current_pre_draw(Database& tournament, OpenDraw& draw)
+{
+    k_fmt_names(
+        tournament, draw.draw.curr_eid, draw.positions(1), [&](int i) { return draw.slot(1, i).ttt; },
+        [&](int i, const NameForms& forms) {
+            auto& s = draw.slot(1, i);
+            s.ttt = forms.ttt;
+            s.frn = forms.frn;
+            s.tag = forms.tag;
+        },
+        [&](std::string_view candidate) { return k_isunique_ko(draw, candidate); });
+}
+
+} // namespace qv
