@@ -188,7 +188,8 @@ std::vector<std::string> first_round_by_seeding(Database& db, std::int64_t eid, 
     auto rows = db.query(
         "select mtttt, mbttt, mtseeding, mbseeding from schedule where eid=? and rid=1 order by \"match\"", eid);
     while (rows.step()) {
-        for (const auto& [side, seed_column] : { std::pair { "mtttt", "mtseeding" }, std::pair { "mbttt", "mbseeding" } }) {
+        for (const auto& [side, seed_column] :
+            { std::pair { "mtttt", "mtseeding" }, std::pair { "mbttt", "mbseeding" } }) {
             const auto name = trim(rows.text(side));
             if (name.empty() || is_reserved(name))
                 continue;
@@ -524,8 +525,8 @@ std::vector<std::string> event_criteria(Database& db, std::int64_t eid)
     std::vector<std::string> lines { std::string(criterion::all_entered), std::string(criterion::all_reserves) };
     if (!has_draw(db, *event))
         return lines;
-    for (const auto word : { criterion::all_in_draw, criterion::all_seeds, criterion::qualifiers,
-             criterion::wildcards, criterion::lost_first_round })
+    for (const auto word : { criterion::all_in_draw, criterion::all_seeds, criterion::qualifiers, criterion::wildcards,
+             criterion::lost_first_round })
         lines.emplace_back(word);
     auto rounds = db.query("select distinct rname,rid from schedule where eid=? order by rid", eid);
     while (rounds.step())
@@ -609,12 +610,12 @@ bool none_selected(Session& session, const AddRequest& request)
 
 AddReport add_to_event1(Session& session, const AddRequest& request)
 {
-    if (none_selected(session, request))
-        return {};
     if (!request.target) {
         session.talk().message("choose target event");
         return {};
     }
+    if (none_selected(session, request))
+        return {};
     auto& db = session.tournament();
     const auto stale = [&session](std::int64_t eid) {
         session.talk().message(std::to_string(eid) + " not found,stale data");
@@ -673,7 +674,7 @@ AddToEvent::AddToEvent(Session& session, AsReserve reserve)
     , m_person_by_name(m_db.query(std::string(person_columns) + "where player=? limit 1"))
     , m_person_by_key(m_db.query(std::string(person_columns) + "where lower(trim(player))=? limit 1"))
     , m_insert_ee(m_db.query(R"(insert into evententries (ent_idx, eid, playerfname, playersname, player, rating,
-        ranking, country, reserve, ar, psex, en, sd, eventfee) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?))"))
+        ranking, country, reserve, ar, psex, en, sd) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?))"))
     , m_insert_raw(m_db.query(R"(insert into rawdoublesentries (rdidx, eid, playerfname, playersname, player,
         partnerfname, partnersname, partnername, p1, p2, p1sex, p2sex, en) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?))"))
 {
@@ -690,7 +691,7 @@ std::optional<PersonData> AddToEvent::person(std::string_view name)
 {
     auto found = find_person(m_person_by_name, m_person_by_key, name);
     if (!found)
-        er(trim(name) + ",player not found");
+        er(" cannot add " + trim(name) + ",player not found");
     return found;
 }
 
@@ -730,7 +731,7 @@ void AddToEvent::addnew_ee(const EventData& event, const PersonData& person)
     const auto player = person.player();
     m_insert_ee.bind_all(m_next_ent_idx++, event.eid, trim(person.fname), trim(person.sname), player, person.rating,
         person.ranking, person.country, m_reserve == AsReserve::yes, person.availabilityrestrictions,
-        sex_letter(person), event.eventname, "singles", event.fee);
+        sex_letter(person), event.eventname, "singles");
     m_insert_ee.step();
     m_insert_ee.reset();
     mark_entered(event, player);
@@ -744,7 +745,8 @@ void AddToEvent::addnew_raw_ee(const EventData& event, const PersonData& first, 
     const std::string partner_sname = partner ? trim(partner->sname) : "preq";
     const std::string partner_name = partner ? partner->player() : std::string(partner_required_key);
     m_insert_raw.bind_all(m_next_rdidx++, event.eid, trim(first.fname), trim(first.sname), player, partner_fname,
-        partner_sname, partner_name, "free", "free", first.sex, partner ? partner->sex : std::string(), event.eventname);
+        partner_sname, partner_name, "free", "free", first.sex, partner ? partner->sex : std::string(),
+        event.eventname);
     m_insert_raw.step();
     m_insert_raw.reset();
     mark_entered(event, player);

@@ -7,7 +7,6 @@
 namespace qv {
 
 class Database;
-class Session;
 
 // One line of a list on screen and the id it stands for.
 struct ListLine
@@ -24,12 +23,6 @@ enum class EntryList { players, reserve, raw_doubles };
 // The entries of one event in one of the three lists; a raw entry whose partner is "preq preq" reads
 // "(partner required)" in the partner's place.
 std::vector<ListLine> load_event_entries(Database& db, std::int64_t eid, EntryList which);
-
-// Removes the entry a line of one of the three lists stands for (ent_idx, or rdidx for raw doubles), after one
-// question: "This will remove the selected players from this event" for an entry, "This will delete these entries
-// from the data base." for a raw row. An entry of a drawn event that is in the draw (not a reserve) stays. A team
-// that goes frees its two people in the event's raw rows, so they can be paired again. True when a row went.
-bool remove_entry(Session& session, EntryList which, std::int64_t id);
 
 // The register of players (`loadplayers`): "select * from players order by fname".
 std::vector<ListLine> loadplayers(Database& db);
