@@ -26,6 +26,10 @@ struct DrawState
     bool on_screen = false; // a draw is open (false also while an event without a draw is chosen)
     bool all_draws = false; // "do all draws" runs: its per-event messages stay quiet
     bool new_draw = false; // the open draw has no rows in schedule yet
+    bool batch = false; // "byes thru" runs: a filled round two levels on does not stop a send
+    bool list1_showing = false; // the first-round replacement list is on show: clicks on names do nothing
+    bool changes_waiting = false; // some row of the event has changed = 1: the save button is yellow
+    bool force_draw = false; // the open new draw was hand-placed: its save fixes the reserves
 };
 
 // The score of the match whose winner goes to a slot: so a slot of level r shows the score of a level r-1 match.

@@ -1,0 +1,625 @@
+#include "drawengine/draw_saving.h"
+
+#include "core/database.h"
+#include "core/match_record.h"
+#include "core/session.h"
+#include "core/text_rules.h"
+#include "core/time_rules.h"
+#include "drawengine/ko_generation.h"
+#include "drawengine/ko_progression.h"
+#include "drawengine/rr_saving.h"
+
+#include <array>
+#include <cstdio>
+#include <tuple>
+#include <utility>
+
+namespace qv {
+
+namespace {
+
+constexpr std::string_view save_as_u_go = "draw.isaveasugo";
+constexpr std::string_view save_no_prompt = "draw.iautosavechanges";
+
+// The values of one side of a match row, as the open draw holds them.
+struct SideVals
+{
+    std::string frn, ttt, tag;
+    std::string wfrn, wttt, wtag; // the winner: the slot the match feeds, empty while that is empty
+    std::string score, longscore; // from that slot's score box
+    std::string country, seeding, ar, sex;
+    std::string pa, pb; // the side's people: a pair split at "/"
+};
+
+using Column = std::pair<std::string, std::string>;
+
+std::pair<std::string, std::string> split_people(const std::string& name)
+{
+    if (name.find('/') == std::string::npos)
+        return { name, {} };
+    auto pair = split_pair(name);
+    return { std::move(pair.left), std::move(pair.right) };
+}
+
+SideVals get_vals(const OpenDraw& open, int level, int position)
+{
+    SideVals vals;
+    const auto& slot = open.slot(level, position);
+    vals.frn = slot.frn;
+    vals.ttt = slot.ttt;
+    vals.tag = slot.tag;
+    vals.country = slot.country;
+    vals.seeding = slot.seed;
+    vals.ar = slot.ar;
+    vals.sex = slot.sex;
+    std::tie(vals.pa, vals.pb) = split_people(slot.ttt);
+    const int n = OpenDraw::next_position(position);
+    if (open.has_slot(level + 1, n)) {
+        const auto& next = open.slot(level + 1, n);
+        if (!open.is_empty(level + 1, n)) {
+            vals.wfrn = next.frn;
+            vals.wttt = next.ttt;
+            vals.wtag = next.tag;
+        }
+        vals.score = next.score.matchscore;
+        vals.longscore = next.score.matchlongscore;
+    }
+    return vals;
+}
+
+// The columns of one side with their values. Names are made from the prefix "i" or "" and the side 't' or 'b'.
+std::vector<Column> side_columns(std::string_view prefix, char side, const SideVals& vals)
+{
+    const std::string p(prefix);
+    const std::string m = p + "m" + side;
+    const bool top = side == 't';
+    return {
+        { m + "frn", vals.frn },
+        { m + "ttt", vals.ttt },
+        { m + "tag", vals.tag },
+        { p + "mwfrn", vals.wfrn },
+        { p + "mwttt", vals.wttt },
+        { p + "mwtag", vals.wtag },
+        { p + "matchscore", vals.score },
+        { p + "matchlongscore", vals.longscore },
+        { m + "_country", vals.country },
+        { m + "seeding", vals.seeding },
+        { m + "ar", vals.ar },
+        { m + "sex", vals.sex },
+        { p + (top ? "p1" : "p3"), vals.pa },
+        { p + (top ? "p2" : "p4"), vals.pb },
+    };
+}
+
+void write_row(Database& db, std::int64_t sid, const std::vector<Column>& columns)
+{
+    std::string sql = "update schedule set ";
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        sql += (i ? ", " : "") + columns[i].first + " = ?";
+    sql += " where sid = ?";
+    auto statement = db.query(sql);
+    int index = 0;
+    for (const auto& column : columns)
+        statement.bind(++index, column.second);
+    statement.bind(++index, sid);
+    statement.step();
+}
+
+std::optional<std::int64_t> find_row(Database& db, std::int64_t eid, char side, const std::string& address)
+{
+    auto row = db.query(side == 't' ? "select sid from schedule where eid = ? and mt = ? order by \"match\""
+                                    : "select sid from schedule where eid = ? and mb = ? order by \"match\"",
+        eid, address);
+    if (!row.step())
+        return std::nullopt;
+    return row.integer("sid");
+}
+
+// The winner's name and what travels with it go to the side it plays on next, as the row now holds them.
+void carry_winner(Database& db, std::int64_t sid, std::int64_t next_sid, std::string_view prefix, char next_side)
+{
+    const std::string p(prefix);
+    SideVals vals;
+    {
+        auto row = db.query("select * from schedule where sid = ?", sid);
+        if (!row.step())
+            return;
+        vals.ttt = row.text(p + "mwttt");
+        vals.frn = row.text(p + "mwfrn");
+        vals.tag = row.text(p + "mwtag");
+        std::string from;
+        if (vals.ttt == row.text(p + "mtttt"))
+            from = "mt";
+        else if (vals.ttt == row.text(p + "mbttt"))
+            from = "mb";
+        if (!from.empty()) {
+            vals.ar = row.text(p + from + "ar");
+            vals.sex = row.text(p + from + "sex");
+            vals.country = row.text(p + from + "_country");
+            vals.seeding = row.text(p + from + "seeding");
+        }
+    }
+    if (!vals.ttt.empty())
+        std::tie(vals.pa, vals.pb) = split_people(vals.ttt);
+
+    const std::string m = p + "m" + next_side;
+    const bool top = next_side == 't';
+    write_row(db, next_sid,
+        {
+            { m + "ttt", vals.ttt },
+            { m + "frn", vals.frn },
+            { m + "tag", vals.tag },
+            { m + "ar", vals.ar },
+            { m + "sex", vals.sex },
+            { m + "_country", vals.country },
+            { m + "seeding", vals.seeding },
+            { p + (top ? "p1" : "p3"), vals.pa },
+            { p + (top ? "p2" : "p4"), vals.pb },
+        });
+}
+
+// Draw columns with a shadow, in the order of the copy statements.
+constexpr std::array<std::string_view, 23> shadowed = { "mtttt", "mtfrn", "mttag", "mbttt", "mbfrn", "mbtag", "mwttt",
+    "mwfrn", "mwtag", "p1", "p2", "p3", "p4", "mtseeding", "mbseeding", "mtar", "mbar", "mtsex", "mbsex", "mt_country",
+    "mb_country", "matchscore", "matchlongscore" };
+
+// The compared columns, in the order the comparison stops at the first difference.
+constexpr std::array<std::string_view, 15> compared = { "matchscore", "matchlongscore", "mwttt", "mtttt", "mbttt",
+    "mwfrn", "mtfrn", "mbfrn", "mwtag", "mttag", "mbtag", "mt_country", "mb_country", "mtseeding", "mbseeding" };
+
+// " Update schedule set  mtttt=imtttt, ... changed=0 where eid=? and changed=1", or the other way round.
+std::string copy_statement(bool to_live)
+{
+    std::string sql = " Update schedule set ";
+    for (const auto column : shadowed) {
+        const std::string live(column);
+        const std::string shadow = "i" + live;
+        sql += " " + (to_live ? live + "=" + shadow : shadow + "=" + live) + ",";
+    }
+    sql += " changed=0";
+    sql += " where eid=? and changed=1";
+    return sql;
+}
+
+// The writes of one slot or one first save hold together. A savepoint rather than a transaction, because the
+// replacing and result windows call these inside their own.
+class Savepoint
+{
+public:
+    explicit Savepoint(Database& db)
+        : m_db(db)
+    {
+        m_db.exec_script("savepoint draw_write");
+    }
+    Savepoint(const Savepoint&) = delete;
+    Savepoint& operator=(const Savepoint&) = delete;
+    ~Savepoint()
+    {
+        if (m_done)
+            return;
+        try {
+            m_db.exec_script("rollback to draw_write; release draw_write");
+        } catch (...) {
+            // The engine has already undone the work when a statement failed hard.
+        }
+    }
+    void commit()
+    {
+        m_db.exec_script("release draw_write");
+        m_done = true;
+    }
+
+private:
+    Database& m_db;
+    bool m_done = false;
+};
+
+class BusyCursor
+{
+public:
+    explicit BusyCursor(const std::function<void(bool)>& busy)
+        : m_busy(busy)
+    {
+        if (m_busy)
+            m_busy(true);
+    }
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+    ~BusyCursor()
+    {
+        if (m_busy)
+            m_busy(false);
+    }
+
+private:
+    const std::function<void(bool)>& m_busy;
+};
+
+std::tm now_of(const DrawSaveHooks& hooks)
+{
+    return hooks.now ? hooks.now() : local_time_now();
+}
+
+// The tree again from schedule, then its score boxes coloured and the draw shown.
+void reload(Session& session, OpenDraw& open, const DrawSaveHooks& hooks)
+{
+    if (open.draw.drawtype == "rr") {
+        if (hooks.RR_loadroundsdata)
+            hooks.RR_loadroundsdata(open);
+    } else {
+        KO_loadroundsdata(session.tournament(), open);
+        set_scoreboxes(open, session.settings().integer("draw.ihilightscorebox") == 1);
+    }
+    if (hooks.show_draw)
+        hooks.show_draw(open);
+}
+
+} // namespace
+
+std::optional<LeaveReason> leave_reason_from_word(std::string_view word)
+{
+    if (word == "switchingdraws")
+        return LeaveReason::switchingdraws;
+    if (word == "closingdraws")
+        return LeaveReason::closingdraws;
+    if (word == "switchingforms")
+        return LeaveReason::switchingforms;
+    return std::nullopt;
+}
+
+bool check_for_changes(const OpenDraw& open)
+{
+    return open.draw.changes_waiting || open.draw.new_draw;
+}
+
+bool draw_save_settings_locked(const OpenDraw& open)
+{
+    return open.draw.on_screen;
+}
+
+bool is_draw_save_setting(std::string_view key)
+{
+    return key == save_as_u_go || key == save_no_prompt;
+}
+
+bool set_draw_save_setting(Session& session, const OpenDraw& open, std::string_view key, bool on)
+{
+    if (!is_draw_save_setting(key))
+        return false;
+    if (draw_save_settings_locked(open)) {
+        session.talk().message("cannot alter this setting while draw is loaded");
+        return false;
+    }
+    session.settings().set_disk_var(key, on ? "1" : "0");
+    return true;
+}
+
+std::string draw_timestamp(const std::tm& when)
+{
+    static constexpr std::array<const char*, 7> days
+        = { "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday" };
+    static constexpr std::array<const char*, 12> months = { "January", "February", "March", "April", "May", "June",
+        "July", "August", "September", "October", "November", "December" };
+    char buffer[96];
+    std::snprintf(buffer, sizeof buffer, "%s, %s %02d, %04d %02d:%02d:%02d", days[(when.tm_wday % 7 + 7) % 7],
+        months[(when.tm_mon % 12 + 12) % 12], when.tm_mday, when.tm_year + 1900, when.tm_hour, when.tm_min,
+        when.tm_sec);
+    return buffer;
+}
+
+void save_draw(Session& session, OpenDraw& open, const DrawSaveHooks& hooks, SaveRefresh refresh)
+{
+    auto& draw = open.draw;
+    if (draw.drawsize == 0 || !draw.on_screen)
+        return;
+    if (hooks.cancel_list1)
+        hooks.cancel_list1();
+    draw.list1_showing = false;
+    if (!check_for_changes(open))
+        return;
+    const bool rr = draw.drawtype == "rr";
+    if (rr && hooks.validate_rr && !hooks.validate_rr(open))
+        return;
+
+    BusyCursor busy(hooks.busy);
+    auto& db = session.tournament();
+    const auto eid = draw.curr_eid;
+    draw.new_draw = false;
+    if (db.scalar_integer("select count(*) from schedule where eid = ?", eid) == 0) {
+        draw.new_draw = true;
+        if (!rr)
+            add_draw_stub(db, open);
+        else if (hooks.add_draw_stub_RR)
+            hooks.add_draw_stub_RR(open);
+    }
+    if (draw.new_draw) {
+        if (!rr)
+            KO_savecontrols(db, open);
+        else if (hooks.RR_savecontrols)
+            hooks.RR_savecontrols(open);
+    } else {
+        if (!rr)
+            KO_copy_over(db, eid);
+        else if (hooks.RR_copy_over)
+            hooks.RR_copy_over(open);
+    }
+    recompute_match_states(db, eid);
+
+    const bool refreshes = refresh == SaveRefresh::all;
+    if (draw.new_draw) {
+        draw.timestamp_text = draw_timestamp(now_of(hooks));
+        db.run("Update events set drawdone=true,drawsize=?,drawtype=?,timestamp_text=? where eid=?", draw.drawsize,
+            draw.drawtype, draw.timestamp_text, eid);
+        db.run("Update evententries set drawdone=true where eid=?", eid);
+        if (refreshes) {
+            // The event's "*" and every list that depends on which draws exist.
+            session.refresh_lists(Lists::events);
+            session.refresh_lists(Lists::draw);
+            if (hooks.board.refresh)
+                hooks.board.refresh();
+        }
+        draw.new_draw = false;
+        reload(session, open, hooks);
+        if (draw.force_draw && hooks.force_draw_fix_players)
+            hooks.force_draw_fix_players(open);
+        draw.force_draw = false;
+    } else {
+        if (refreshes && hooks.board.refresh_event)
+            hooks.board.refresh_event(eid);
+        reload(session, open, hooks);
+        draw.timestamp_text = draw_timestamp(now_of(hooks));
+        db.run("Update events set timestamp_text=? where eid=?", draw.timestamp_text, eid);
+    }
+    draw.new_draw = false;
+    do_live_match_counts(db, eid, hooks.board);
+    set_changed_recs(db, open);
+}
+
+void save_draw_END_doing_all_draws(Session& session, const DrawSaveHooks& hooks)
+{
+    session.refresh_lists(Lists::events);
+    session.refresh_lists(Lists::draw);
+    if (hooks.board.refresh)
+        hooks.board.refresh();
+}
+
+void KO_savecontrols(Database& tournament, const OpenDraw& open)
+{
+    struct Row
+    {
+        std::int64_t sid = 0;
+        std::string mt, mb;
+    };
+    std::vector<Row> rows;
+    for (auto q
+         = tournament.query("select sid, mt, mb from schedule where eid = ? order by \"match\"", open.draw.curr_eid);
+         q.step();)
+        rows.push_back({ q.integer("sid"), q.text("mt"), q.text("mb") });
+
+    Savepoint savepoint(tournament);
+    for (const auto& row : rows) {
+        const auto top = OpenDraw::split_mtmb(row.mt);
+        if (!top || !open.has_slot(top->level, top->position))
+            continue;
+        std::vector<Column> columns;
+        auto add_side = [&](SlotAddress at, char side) {
+            const auto vals = get_vals(open, at.level, at.position);
+            for (auto& column : side_columns("", side, vals))
+                columns.push_back(std::move(column));
+            for (auto& column : side_columns("i", side, vals))
+                columns.push_back(std::move(column));
+        };
+        add_side(*top, 't');
+        // The winner row has only its top side: the champion.
+        const bool winner_row = top->level >= open.draw.rounds;
+        if (const auto bottom = OpenDraw::split_mtmb(row.mb);
+            !winner_row && bottom && open.has_slot(bottom->level, bottom->position))
+            add_side(*bottom, 'b');
+        columns.push_back({ "changed", "0" });
+        write_row(tournament, row.sid, columns);
+    }
+    savepoint.commit();
+}
+
+void KO_copy_over(Database& tournament, std::int64_t eid)
+{
+    tournament.run(copy_statement(true), eid);
+}
+
+void BF_rollback_draw(Session& session, OpenDraw& open, const DrawSaveHooks& hooks)
+{
+    auto& draw = open.draw;
+    if (draw.curr_eid == 0 || !draw.on_screen || draw.drawsize == 0)
+        return;
+    if (session.settings().integer(save_as_u_go) == 1) {
+        session.talk().message(
+            "Cannot roll back as you are in 'save as u go mode', all changes are therefore immediate");
+        return;
+    }
+    // A draw never saved has no last save to go back to; reading it from schedule would lose it.
+    if (draw.new_draw)
+        return;
+    // A round robin's rows carry points as well, which the knock-out column list leaves out.
+    if (draw.drawtype == "rr")
+        RR_copy_back(session.tournament(), draw.curr_eid);
+    else
+        session.tournament().run(copy_statement(false), draw.curr_eid);
+    reload(session, open, hooks);
+    set_changed_recs(session.tournament(), open);
+}
+
+void KO_imm_save(Session& session, OpenDraw& open, int level, int position)
+{
+    auto& draw = open.draw;
+    if (draw.new_draw || !open.has_slot(level, position))
+        return;
+    auto& db = session.tournament();
+    const auto eid = draw.curr_eid;
+    const bool both = session.settings().integer(save_as_u_go) == 1;
+    const std::array<std::string_view, 2> prefixes = { "i", "" };
+    const int passes = both ? 2 : 1;
+
+    const char side = OpenDraw::side(position);
+    const int n = OpenDraw::next_position(position);
+    const char next_side = OpenDraw::side(n);
+    const auto sid = find_row(db, eid, side, OpenDraw::address_text(level, position));
+    if (!sid)
+        return;
+    const auto vals = get_vals(open, level, position);
+    const auto next_sid = find_row(db, eid, next_side, OpenDraw::address_text(level + 1, n));
+
+    Savepoint savepoint(db);
+    for (int pass = 0; pass < passes; ++pass)
+        write_row(db, *sid, side_columns(prefixes[pass], side, vals));
+    store_changed(db, *sid);
+    if (next_sid) {
+        for (int pass = 0; pass < passes; ++pass)
+            carry_winner(db, *sid, *next_sid, prefixes[pass], next_side);
+        store_changed(db, *next_sid);
+    }
+    savepoint.commit();
+
+    set_changed_recs(db, open);
+    if (both)
+        recompute_match_states(db, eid);
+}
+
+bool diff_vals(const Statement& row)
+{
+    for (const auto column : compared)
+        if (row.text(column) != row.text("i" + std::string(column)))
+            return true;
+    return false;
+}
+
+bool store_changed(Database& tournament, std::int64_t sid)
+{
+    auto row = tournament.query("select * from schedule where sid = ?", sid);
+    if (!row.step())
+        return false;
+    const bool changed = diff_vals(row);
+    tournament.run("update schedule set changed = ? where sid = ?", changed ? 1 : 0, sid);
+    return changed;
+}
+
+bool set_changed_recs(Database& tournament, OpenDraw& open)
+{
+    open.draw.changes_waiting
+        = tournament.scalar_integer("select count(*) from schedule where changed=1 and eid=?", open.draw.curr_eid) > 0;
+    return open.draw.changes_waiting;
+}
+
+bool leave_draw(Session& session, OpenDraw& open, LeaveReason reason, const DrawSaveHooks& hooks)
+{
+    auto& draw = open.draw;
+    if (draw.curr_eid == 0 || !draw.on_screen || session.settings().integer(save_as_u_go) == 1)
+        return true;
+    const bool pending = draw.new_draw ? true : check_for_changes(open);
+    if (!pending)
+        return true;
+    if (session.settings().integer(save_no_prompt) == 1) {
+        save_draw(session, open, hooks);
+        return true;
+    }
+    switch (session.talk().ask("save changes?", "Confirm", Buttons::YesNoCancel)) {
+    case Answer::Yes:
+        save_draw(session, open, hooks);
+        return true;
+    case Answer::No:
+        if (reason == LeaveReason::switchingforms)
+            BF_refresh_draw(session, open, hooks);
+        return true;
+    default:
+        return false;
+    }
+}
+
+std::vector<DayCourt> do_live_match_counts(Database& tournament, std::int64_t eid, const ScheduleBoardHooks& board)
+{
+    // The eid term binds to the second "or" term only, as the count has always been made: a row of another
+    // event that turned dead since its own last count is reported as well.
+    std::vector<DayCourt> changed;
+    for (auto rows = tournament.query("select distinct scheduledate,cid  from schedule where "
+                                      "(match_state='3' and prev_match_state <>'3') or "
+                                      "(match_state<>'3' and prev_match_state ='3') "
+                                      " and eid=?",
+             eid);
+         rows.step();)
+        changed.push_back({ rows.text("scheduledate"), rows.integer("cid") });
+    if (board.shown && board.mark_for_refresh) {
+        if (const auto shown = board.shown()) {
+            for (const auto& day_court : changed)
+                if (day_court == *shown) {
+                    board.mark_for_refresh();
+                    break;
+                }
+        }
+    }
+    if (board.renumber && !changed.empty())
+        board.renumber(changed);
+    tournament.run("Update schedule set prev_match_state=match_state where eid=?", eid);
+    return changed;
+}
+
+void KO_loadroundsdata(Database& tournament, OpenDraw& open)
+{
+    open.build_tree(open.draw.drawsize);
+    auto rows = tournament.query(R"(select sid, mt, mb, mw_ptr, imtttt, imtfrn, imttag, imt_country, imtseeding, imtar,
+        imtsex, imbttt, imbfrn, imbtag, imb_country, imbseeding, imbar, imbsex, imatchscore, imatchlongscore
+        from schedule where eid = ? order by "match")",
+        open.draw.curr_eid);
+    while (rows.step()) {
+        const auto sid = rows.integer("sid");
+        auto fill = [&](std::string_view address, std::string_view m) {
+            const auto at = OpenDraw::split_mtmb(address);
+            if (!at || !open.has_slot(at->level, at->position))
+                return;
+            auto& slot = open.slot(*at);
+            const std::string p = "i" + std::string(m);
+            slot.ttt = rows.text(p + "ttt");
+            slot.frn = rows.text(p + "frn");
+            slot.tag = rows.text(p + "tag");
+            slot.country = rows.text(p + "_country");
+            slot.seed = rows.text(p + "seeding");
+            slot.ar = rows.text(p + "ar");
+            slot.sex = rows.text(p + "sex");
+            slot.sid = sid;
+        };
+        fill(rows.text("mt"), "mt");
+        fill(rows.text("mb"), "mb");
+        if (const auto next = OpenDraw::split_mtmb(rows.text("mw_ptr"));
+            next && open.has_slot(next->level, next->position)) {
+            auto& score = open.slot(*next).score;
+            score.matchscore = rows.text("imatchscore");
+            score.matchlongscore = rows.text("imatchlongscore");
+        }
+    }
+}
+
+void BF_load_draw(Session& session, OpenDraw& open, std::int64_t eid, const DrawSaveHooks& hooks)
+{
+    auto& draw = open.draw;
+    auto& db = session.tournament();
+    // "do all draws" loads each event in turn and keeps its flag up over the loads.
+    const bool all_draws = draw.all_draws;
+    draw = DrawState {};
+    draw.all_draws = all_draws;
+    open.clear_tree();
+    load_event_state(db, eid, draw);
+    if (draw.drawsize == 0 || db.scalar_integer("select count(*) from schedule where eid = ?", eid) == 0)
+        return;
+    draw.on_screen = true;
+    reload(session, open, hooks);
+    set_changed_recs(db, open);
+}
+
+void BF_refresh_draw(Session& session, OpenDraw& open, const DrawSaveHooks& hooks)
+{
+    auto& draw = open.draw;
+    if (draw.curr_eid == 0 || !draw.on_screen || draw.new_draw)
+        return;
+    reload(session, open, hooks);
+    set_changed_recs(session.tournament(), open);
+}
+
+} // namespace qv
