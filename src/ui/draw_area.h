@@ -1,0 +1,216 @@
+#pragma once
+
+#include "drawengine/draw_random.h"
+#include "drawengine/draw_saving.h"
+#include "drawengine/drawconfig.h"
+#include "drawengine/ko_generation.h"
+#include "drawengine/open_draw.h"
+
+#include <QGraphicsItem>
+#include <QGraphicsView>
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+class QCheckBox;
+class QGraphicsPathItem;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+class QStackedWidget;
+
+namespace qv {
+
+class DrawConfigWindow;
+class DrawView;
+class Session;
+
+// The line a slot shows: the seed in brackets, the name on show and the country in brackets,
+// "(1) bob jones (ENG)"; empty for an empty slot.
+std::string slot_line(const OpenDraw& draw, int level, int position);
+
+// One slot of the tree: its name line and, from level 2 on, the score box of the match whose winner it holds.
+class DrawSlotItem : public QGraphicsItem
+{
+public:
+    static constexpr qreal name_height = 22;
+    static constexpr qreal score_height = 16;
+
+    DrawSlotItem(DrawView& view, int level, int position, qreal width);
+
+    int level() const { return m_level; }
+    int position() const { return m_position; }
+    // The name line and the score box in the item's coordinates.
+    QRectF name_rect() const;
+    QRectF score_rect() const;
+    bool has_score_box() const { return m_level > 1; }
+    // Takes the slot's texts again from the open draw.
+    void refresh();
+
+    QRectF boundingRect() const override;
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
+
+protected:
+    void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
+
+private:
+    DrawView& m_view;
+    int m_level;
+    int m_position;
+    qreal m_width;
+    QString m_text;
+    QString m_score;
+    bool m_highlight = false;
+    bool m_empty = true;
+};
+
+// The tree of the open draw, level by level from left to right, one item per slot. A click on a name goes to
+// on_click; a click on a score box opens one line editor over it, whose text goes to on_score.
+class DrawView : public QGraphicsView
+{
+    Q_OBJECT
+
+public:
+    using Click = std::function<void(int level, int position, int button)>;
+    using Score = std::function<void(int level, int position, const QString& text)>;
+
+    explicit DrawView(QWidget* parent = nullptr);
+
+    void set_handlers(Click on_click, Score on_score);
+    // Builds the items for the draw's tree, or only refreshes their texts when the tree has the same shape.
+    void show_draw(const OpenDraw& draw);
+    void refresh();
+    void clear_draw();
+
+    const OpenDraw* draw() const { return m_draw; }
+    DrawSlotItem* slot_item(int level, int position) const;
+    // The slot items on show.
+    int item_count() const;
+    QLineEdit* score_editor() const { return m_editor; }
+    // Opens the score editor over the slot's score box.
+    void edit_score(int level, int position);
+
+    void clicked(int level, int position, int button);
+
+protected:
+    // Escape in the score editor drops the typed text.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void build(const OpenDraw& draw);
+    void commit_score();
+
+    const OpenDraw* m_draw = nullptr;
+    int m_drawsize = 0;
+    std::vector<std::vector<DrawSlotItem*>> m_items;
+    QGraphicsPathItem* m_lines = nullptr;
+    QLineEdit* m_editor = nullptr;
+    SlotAddress m_editing;
+    Click m_on_click;
+    Score m_on_score;
+};
+
+// The draw area: the list of events (filtered by draw_events_filter), the open draw of the chosen event and the
+// operations on it. Each button calls one operation of the draw engine on the open draw and shows it again.
+class DrawArea : public QWidget
+{
+    Q_OBJECT
+
+public:
+    DrawArea(Session& session, QWidget* parent = nullptr);
+    ~DrawArea() override;
+
+    // Reads the events list from the open tournament file; the draw stays closed.
+    void init();
+    // The file is closing: the draw is put away without a question and the lists emptied.
+    void clear();
+    // Asks before the open draw is left; false when the user chose to stay. The reason is the session's switch
+    // word, closing the draw when it names none.
+    bool leave_draw();
+    bool leave_draw(LeaveReason reason);
+    // The area was entered: an open draw is read again so that changes made elsewhere show.
+    void refresh_on_entry();
+
+    OpenDraw& open_draw() { return m_open; }
+    // The round robin's steps of a save (validate_rr, RR_savecontrols ...) are set here by whoever brings it.
+    DrawSaveHooks& save_hooks() { return m_hooks; }
+    // "do draw" of an "rr" event, and the page shown in place of the tree while an "rr" draw is open.
+    void set_round_robin(std::function<void(OpenDraw&)> do_draw, QWidget* page);
+    // Tests hand in a seeded source so that a draw comes out the same each time.
+    void set_random(std::unique_ptr<DrawRandom> random) { m_random = std::move(random); }
+
+    QListWidget* events() const { return m_events; }
+    QLabel* filter_tag() const { return m_filter_tag; }
+    QLabel* heading() const { return m_heading; }
+    QLabel* timestamp_label() const { return m_timestamp; }
+    DrawView* view() const { return m_view; }
+    QCheckBox* save_as_u_go_box() const { return m_save_as_u_go; }
+    QCheckBox* save_no_prompt_box() const { return m_save_no_prompt; }
+    QPushButton* button(const QString& caption) const;
+    DrawConfigWindow* drawconfig_window() const { return m_drawconfig; }
+    // What a draw configuration window must tell this area: opened from elsewhere too, it passes these on.
+    DrawConfigHooks drawconfig_hooks();
+    // The save button is yellow while changes wait.
+    bool save_button_marked() const;
+
+signals:
+    // A right click on a first-round name: the first-round menu of that slot is wanted.
+    void firstRoundMenuRequested(int position);
+    // "player details" in the draw configuration.
+    void playerDetailsRequested(const QString& player);
+
+public slots:
+    // The events list from the filter again, keeping the chosen event.
+    void reload_events();
+    // Leaves the open draw (after the question) and opens the event's draw. False when the user stayed.
+    bool choose_event(qint64 eid);
+    void do_draw();
+    void save_draw();
+    void rollback();
+    void byes_thru();
+    void do_all_draws();
+    void delete_draw();
+    DrawConfigWindow* open_drawconfig();
+    QWidget* set_filter();
+    // A click on a name: left sends the player on, right takes a later round's name back.
+    void click_slot(int level, int position, int button);
+    // A score typed in the box of the slot (level 2 on): the box of the match whose winner the slot holds.
+    void set_score(int level, int position, const QString& text);
+
+private:
+    void event_clicked(QListWidgetItem* item);
+    void select_event_line(std::int64_t eid);
+    // The save button's look from the rows of the event, after the draw was read or written.
+    void recount_changes();
+    void show_draw();
+    void show_state();
+    void setting_toggled(QCheckBox* box, const char* key, bool on);
+    void load_settings();
+    DrawHooks draw_hooks();
+
+    Session& m_session;
+    OpenDraw m_open;
+    DrawSaveHooks m_hooks;
+    std::unique_ptr<DrawRandom> m_random;
+
+    QListWidget* m_events;
+    QLabel* m_filter_tag;
+    QLabel* m_heading;
+    QLabel* m_timestamp;
+    QStackedWidget* m_pages;
+    DrawView* m_view;
+    QWidget* m_rr_page = nullptr;
+    std::function<void(OpenDraw&)> m_round_robin;
+    QCheckBox* m_save_as_u_go;
+    QCheckBox* m_save_no_prompt;
+    QPushButton* m_save;
+    QPointer<DrawConfigWindow> m_drawconfig;
+};
+
+} // namespace qv
