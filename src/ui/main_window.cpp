@@ -4,10 +4,14 @@
 #include "core/session.h"
 #include "ui/colors.h"
 #include "ui/control_panel.h"
+#include "ui/draw_area.h"
+#include "ui/drawconfig_window.h"
 #include "ui/links_window.h"
 #include "ui/qt_text.h"
 #include "ui/qt_user_talk.h"
+#include "ui/players_windows.h"
 #include "ui/tournament_area.h"
+#include "ui/tournament_operations.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -79,6 +83,9 @@ MainWindow::MainWindow(const std::filesystem::path& app_dir, UserTalk* talk, QWi
         if (area == Area::mainform) {
             m_tournament = new TournamentArea(*m_session, m_stack);
             page = m_tournament;
+        } else if (area == Area::draw) {
+            m_draw = new DrawArea(*m_session, m_stack);
+            page = m_draw;
         } else {
             // The windows of these areas come with their own work; until then the page shows its title.
             auto* title = new QLabel(qs(area_caption(area)), m_stack);
@@ -91,6 +98,7 @@ MainWindow::MainWindow(const std::filesystem::path& app_dir, UserTalk* talk, QWi
     }
     m_stack->setCurrentWidget(m_no_file_page);
     setCentralWidget(m_stack);
+    connect_areas();
 
     build_toolbar();
     build_menus();
@@ -102,6 +110,31 @@ MainWindow::~MainWindow()
 {
     if (m_busy)
         QApplication::restoreOverrideCursor();
+}
+
+void MainWindow::connect_areas()
+{
+    TournamentOperationHooks hooks;
+    hooks.show_draw = [this](std::int64_t eid) {
+        m_session->ishow(Area::draw);
+        if (m_session->current_area() == Area::draw)
+            m_draw->choose_event(eid);
+    };
+    hooks.select_draw = [this] { m_session->ishow(Area::draw); };
+    hooks.drawconfig_hooks = [this] { return m_draw->drawconfig_hooks(); };
+    register_tournament_operations(*m_tournament, *m_session, hooks);
+    connect(m_draw, &DrawArea::playerDetailsRequested, this,
+        [this](const QString& player) { open_player_details_by_name(*m_session, player.toStdString(), this); });
+}
+
+bool MainWindow::leave_draw()
+{
+    return m_draw->leave_draw();
+}
+
+void MainWindow::refresh_draw_on_entry()
+{
+    m_draw->refresh_on_entry();
 }
 
 void MainWindow::build_toolbar()
@@ -200,6 +233,8 @@ void MainWindow::load_all_forms()
         // Only the tournament area reads the file yet; the others show their title until their windows come.
         if (area == Area::mainform)
             m_tournament->init();
+        else if (area == Area::draw)
+            m_draw->init();
     }
     update_title();
     emit formsLoaded();
@@ -210,6 +245,8 @@ void MainWindow::unload_all_forms()
     for (Area area : teardown_order) {
         if (area == Area::mainform)
             m_tournament->clear();
+        else if (area == Area::draw)
+            m_draw->clear();
     }
     for (Area area : toolbar_order)
         paint_marker(area, regular_grey());
@@ -217,11 +254,16 @@ void MainWindow::unload_all_forms()
     update_title();
 }
 
-void MainWindow::refresh_lists(Lists)
+void MainWindow::refresh_lists(Lists which)
 {
+    if (!m_session->has_tournament())
+        return;
     // The tournament area shows players, events and entries alike: any change reads it again.
-    if (m_session->has_tournament())
-        m_tournament->refresh();
+    m_tournament->refresh();
+    if (which == Lists::events || which == Lists::draw)
+        m_draw->reload_events();
+    if (which == Lists::players)
+        refresh_players_windows();
 }
 
 void MainWindow::show_area(Area area, const Markers& markers)

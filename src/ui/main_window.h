@@ -20,6 +20,7 @@ namespace qv {
 class ControlPanel;
 class LinksWindow;
 class Session;
+class DrawArea;
 class TournamentArea;
 
 // The main window: the toolbar of work areas with their marker strips, the areas themselves and the menus.
@@ -38,11 +39,10 @@ public:
 
     void load_all_forms() override;
     void unload_all_forms() override;
-    // The draw area answers when it exists; until then nothing holds the user in it.
-    bool leave_draw() override { return true; }
-    // The draw area's list and its refresh on entry come with the draw area.
+    bool leave_draw() override;
+    // The replacement list of the draw comes with the replacing of draw positions.
     void cancel_list1() override { }
-    void refresh_draw_on_entry() override { }
+    void refresh_draw_on_entry() override;
     void refresh_lists(Lists which) override;
     void show_area(Area area, const Markers& markers) override;
     void set_generics(const std::string& caption, const std::string& tooltip) override;
@@ -60,6 +60,7 @@ public:
     QWidget* area_page(Area area) const { return m_pages.at(index(area)); }
     QWidget* current_page() const;
     TournamentArea* tournament_area() const { return m_tournament; }
+    DrawArea* draw_area() const { return m_draw; }
 
 public slots:
     ControlPanel* open_control_panel();
@@ -76,6 +77,8 @@ protected:
 
 private:
     static std::size_t index(Area area) { return static_cast<std::size_t>(area); }
+    // The tournament area's operations and the draw area's requests.
+    void connect_areas();
     void build_toolbar();
     void build_menus();
     void paint_marker(Area area, const QColor& color);
@@ -89,6 +92,7 @@ private:
     QStackedWidget* m_stack = nullptr;
     QWidget* m_no_file_page = nullptr;
     TournamentArea* m_tournament = nullptr;
+    DrawArea* m_draw = nullptr;
     std::array<QWidget*, 8> m_pages {};
     std::array<QToolButton*, 8> m_buttons {};
     std::array<QWidget*, 8> m_strips {};

@@ -1,0 +1,84 @@
+#include "ui/tournament_operations.h"
+
+#include "core/session.h"
+#include "ui/add_to_event_window.h"
+#include "ui/drawconfig_window.h"
+#include "ui/events_windows.h"
+#include "ui/folders_windows.h"
+#include "ui/players_windows.h"
+#include "ui/seeding_patterns_window.h"
+#include "ui/tournament_area.h"
+
+namespace qv {
+
+namespace {
+
+// Operations on the selected event say so when none is selected.
+bool event_chosen(TournamentArea& area, Session& session)
+{
+    if (area.selected_event() != 0)
+        return true;
+    session.talk().message("select event");
+    return false;
+}
+
+template <typename Window> void show_window(Window* window)
+{
+    if (window) {
+        window->show();
+        window->raise();
+    }
+}
+
+void register_events(TournamentArea& area, Session& session, const TournamentOperationHooks& hooks)
+{
+    auto* parent = area.window();
+    area.add_operation(OperationList::events, QStringLiteral("show draw"), [&area, &session, hooks] {
+        if (event_chosen(area, session) && hooks.show_draw)
+            hooks.show_draw(area.selected_event());
+    });
+    area.add_operation(OperationList::events, QStringLiteral("select draw"), [hooks] {
+        if (hooks.select_draw)
+            hooks.select_draw();
+    });
+    area.add_operation(OperationList::events, QStringLiteral("events"),
+        [&session, parent] { show_window(open_admin_events(session, parent)); });
+    area.add_operation(OperationList::events, QStringLiteral("draw config"), [&area, &session, parent, hooks] {
+        if (event_chosen(area, session))
+            show_window(open_drawconfig(session, area.selected_event(),
+                hooks.drawconfig_hooks ? hooks.drawconfig_hooks() : DrawConfigHooks {}, parent));
+    });
+    area.add_operation(OperationList::events, QStringLiteral("manage events"),
+        [&session, parent] { show_window(open_events_manage(session, parent)); });
+    area.add_operation(OperationList::events, QStringLiteral("seeding patterns"),
+        [&session, parent] { show_window(open_seeding_patterns(session, parent)); });
+}
+
+void register_players(TournamentArea& area, Session& session)
+{
+    auto* parent = area.window();
+    area.add_operation(OperationList::players, QStringLiteral("players"),
+        [&session, parent] { show_window(open_players(session, parent)); });
+    area.add_operation(OperationList::players, QStringLiteral("   delete"),
+        [&session, parent] { show_window(open_players_delete(session, parent)); });
+    area.add_operation(OperationList::players, QStringLiteral("   folders"), [&session, parent] {
+        if (session.has_tournament())
+            show_window(new FoldersAssignWindow(session, parent));
+    });
+    area.add_operation(OperationList::players, QStringLiteral("manage folders"), [&session, parent] {
+        if (session.has_tournament())
+            show_window(new FoldersWindow(session, parent));
+    });
+    area.add_operation(OperationList::players, QStringLiteral("add to event"),
+        [&session, parent] { show_window(open_add_to_event(session, parent)); });
+}
+
+} // namespace
+
+void register_tournament_operations(TournamentArea& area, Session& session, TournamentOperationHooks hooks)
+{
+    register_events(area, session, hooks);
+    register_players(area, session);
+}
+
+} // namespace qv
