@@ -6,10 +6,11 @@
 #include "ui/control_panel.h"
 #include "ui/draw_area.h"
 #include "ui/drawconfig_window.h"
+#include "ui/events_windows.h"
 #include "ui/links_window.h"
+#include "ui/players_windows.h"
 #include "ui/qt_text.h"
 #include "ui/qt_user_talk.h"
-#include "ui/players_windows.h"
 #include "ui/tournament_area.h"
 #include "ui/tournament_operations.h"
 
@@ -176,6 +177,17 @@ void MainWindow::build_menus()
     tournament->addAction(QStringLiteral("close"), this, [this] { m_session->menu_close(); });
     tournament->addSeparator();
     tournament->addAction(QStringLiteral("exit"), this, [this] { m_session->exit_app(); });
+
+    // The two register windows that add one at a time, for a director typing in entries by hand.
+    auto* tools = menuBar()->addMenu(QStringLiteral("tools"));
+    tools->addAction(QStringLiteral("add new player"), this, [this] {
+        if (m_session->has_tournament())
+            open_add_player(*m_session, this);
+    });
+    tools->addAction(QStringLiteral("add new event"), this, [this] {
+        if (m_session->has_tournament())
+            open_add_event(*m_session, this);
+    });
 
     auto* options = menuBar()->addMenu(QStringLiteral("options"));
     options->addAction(QStringLiteral("control panel"), this, &MainWindow::open_control_panel);

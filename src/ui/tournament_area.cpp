@@ -1,6 +1,7 @@
 #include "ui/tournament_area.h"
 
 #include "core/session.h"
+#include "entries/entries.h"
 #include "ui/clear_data_dialog.h"
 #include "ui/qt_text.h"
 
@@ -55,6 +56,7 @@ TournamentArea::TournamentArea(Session& session, QWidget* parent)
     , m_reserve_button(new QPushButton(QStringLiteral("reserve"), this))
     , m_raw_button(new QPushButton(QStringLiteral("raw doubles"), this))
     , m_entries(new QListWidget(this))
+    , m_remove_entries(new QPushButton(QStringLiteral("remove"), this))
     , m_players(new QListWidget(this))
     , m_player_events(new QListWidget(this))
     , m_refresh(new QPushButton(QStringLiteral("refresh"), this))
@@ -69,6 +71,8 @@ TournamentArea::TournamentArea(Session& session, QWidget* parent)
     for (auto* button : { m_players_button, m_reserve_button, m_raw_button })
         button->setCheckable(true);
     m_players_button->setChecked(true);
+    m_entries->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_remove_entries->setObjectName(QStringLiteral("remove_entries"));
 
     auto* entry_buttons = new QHBoxLayout;
     entry_buttons->addWidget(m_players_button);
@@ -85,6 +89,7 @@ TournamentArea::TournamentArea(Session& session, QWidget* parent)
     events_column->addWidget(m_events, 3);
     events_column->addLayout(entry_buttons);
     events_column->addWidget(m_entries, 2);
+    events_column->addWidget(m_remove_entries);
     events_column->addLayout(counts);
 
     auto* players_box = new QGroupBox(QStringLiteral("players"), this);
@@ -117,6 +122,7 @@ TournamentArea::TournamentArea(Session& session, QWidget* parent)
     connect(m_players_button, &QPushButton::clicked, this, [this] { show_entries(EntryList::players); });
     connect(m_reserve_button, &QPushButton::clicked, this, [this] { show_entries(EntryList::reserve); });
     connect(m_raw_button, &QPushButton::clicked, this, [this] { show_entries(EntryList::raw_doubles); });
+    connect(m_remove_entries, &QPushButton::clicked, this, &TournamentArea::remove_selected_entries);
     connect(m_refresh, &QPushButton::clicked, this, &TournamentArea::refresh);
     connect(m_restart, &QPushButton::clicked, this, [this] { m_session.boot_restart_from_mainform(); });
 }
@@ -208,6 +214,18 @@ void TournamentArea::load_player_events()
         return;
     fill(m_player_events, player_events(m_session.tournament(), to_std(player->text())));
     m_player_event_count->setText(QString::number(m_player_events->count()));
+}
+
+int TournamentArea::remove_selected_entries()
+{
+    const auto eid = selected_event();
+    if (eid == 0 || !m_session.has_tournament())
+        return 0;
+    std::vector<std::int64_t> ids;
+    for (const auto* item : m_entries->selectedItems())
+        ids.push_back(item->data(id_role).toLongLong());
+    // The removal asks the windows to read their lists again itself.
+    return remove_entries(m_session, eid, m_entry_list, ids);
 }
 
 QListWidget* TournamentArea::operations(OperationList which) const

@@ -48,6 +48,7 @@ public:
     QString selected_player() const;
     QPushButton* entry_button(EntryList which) const;
     QPushButton* refresh_button() const { return m_refresh; }
+    QPushButton* remove_entries_button() const { return m_remove_entries; }
     QPushButton* restart_button() const { return m_restart; }
     QString event_count() const;
     QString entry_count() const;
@@ -57,6 +58,8 @@ public slots:
     void refresh();
     void show_entries(EntryList which);
     ClearDataDialog* open_clear_data();
+    // Takes the selected lines of the shown entries list out of the selected event, after the question.
+    int remove_selected_entries();
 
 private:
     void load_entries();
@@ -71,6 +74,7 @@ private:
     QPushButton* m_reserve_button;
     QPushButton* m_raw_button;
     QListWidget* m_entries;
+    QPushButton* m_remove_entries;
     QLabel* m_event_count;
     QLabel* m_entry_count;
     QLabel* m_player_event_count;

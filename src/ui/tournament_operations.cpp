@@ -9,6 +9,9 @@
 #include "ui/seeding_patterns_window.h"
 #include "ui/tournament_area.h"
 
+#include <QInputDialog>
+#include <QListWidget>
+
 namespace qv {
 
 namespace {
@@ -28,6 +31,18 @@ template <typename Window> void show_window(Window* window)
         window->show();
         window->raise();
     }
+}
+
+// Asks for the text and searches the list; the director is told when nothing holds it.
+void search_operation(Session& session, QListWidget* list)
+{
+    bool ok = false;
+    const auto text
+        = QInputDialog::getText(list->window(), QStringLiteral("search"), QStringLiteral("search for"), {}, {}, &ok);
+    if (!ok || text.trimmed().isEmpty())
+        return;
+    if (!search_list(list, text.trimmed()))
+        session.talk().message("not found");
 }
 
 void register_events(TournamentArea& area, Session& session, const TournamentOperationHooks& hooks)
@@ -52,6 +67,8 @@ void register_events(TournamentArea& area, Session& session, const TournamentOpe
         [&session, parent] { show_window(open_events_manage(session, parent)); });
     area.add_operation(OperationList::events, QStringLiteral("seeding patterns"),
         [&session, parent] { show_window(open_seeding_patterns(session, parent)); });
+    area.add_operation(OperationList::events, QStringLiteral("search"),
+        [&area, &session] { search_operation(session, area.events()); });
 }
 
 void register_players(TournamentArea& area, Session& session)
@@ -71,9 +88,26 @@ void register_players(TournamentArea& area, Session& session)
     });
     area.add_operation(OperationList::players, QStringLiteral("add to event"),
         [&session, parent] { show_window(open_add_to_event(session, parent)); });
+    area.add_operation(OperationList::players, QStringLiteral("search"),
+        [&area, &session] { search_operation(session, area.players()); });
+    area.add_operation(OperationList::selected_event, QStringLiteral("search"),
+        [&area, &session] { search_operation(session, area.entries()); });
 }
 
 } // namespace
+
+bool search_list(QListWidget* list, const QString& text)
+{
+    const int count = list->count();
+    for (int step = 1; step <= count; ++step) {
+        const int row = (list->currentRow() + step) % count;
+        if (list->item(row)->text().contains(text, Qt::CaseInsensitive)) {
+            list->setCurrentRow(row);
+            return true;
+        }
+    }
+    return false;
+}
 
 void register_tournament_operations(TournamentArea& area, Session& session, TournamentOperationHooks hooks)
 {

@@ -2,8 +2,12 @@
 
 #include "drawengine/drawconfig.h"
 
+#include <QString>
+
 #include <cstdint>
 #include <functional>
+
+class QListWidget;
 
 namespace qv {
 
@@ -20,6 +24,10 @@ struct TournamentOperationHooks
     // The draw configuration reaches the open draw through these, so a draw in progress locks the editor.
     std::function<DrawConfigHooks()> drawconfig_hooks;
 };
+
+// "search" on a main list: the next line after the current one that holds the text, case-blind, wrapping round
+// to the top. The line found becomes current; false when no line holds it.
+bool search_list(QListWidget* list, const QString& text);
 
 // Fills the four lists of operations of the tournament area with the windows they open.
 void register_tournament_operations(TournamentArea& area, Session& session, TournamentOperationHooks hooks);
