@@ -64,8 +64,8 @@ struct ExportNames
     const char* file;
 };
 
-constexpr std::array<ExportNames, 3> export_names { { { "seeds for ", "seeds.txt" },
-    { "players for ", "players.txt" }, { "reserves for ", "reserves.txt" } } };
+constexpr std::array<ExportNames, 3> export_names { { { "seeds for ", "seeds.txt" }, { "players for ", "players.txt" },
+    { "reserves for ", "reserves.txt" } } };
 
 // What the user has chosen to happen once a text file is written.
 void after_file_save(Session& session, const std::filesystem::path& file)

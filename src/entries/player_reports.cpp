@@ -13,7 +13,8 @@ namespace qv {
 
 namespace {
 
-std::optional<std::filesystem::path> save(Session& session, const std::string& name, const std::vector<std::string>& lines)
+std::optional<std::filesystem::path> save(
+    Session& session, const std::string& name, const std::vector<std::string>& lines)
 {
     const auto file = session.dirs().working / name;
     if (!write_text_file(file, lines)) {
@@ -56,7 +57,8 @@ std::optional<std::filesystem::path> report_players_rating_ranking(Session& sess
         std::string name = rows.text("player");
         if (!rows.text("sex").empty())
             name += " (" + rows.text("sex") + ")";
-        lines.push_back(name + " " + rows.text("rating") + "," + rows.text("ranking") + "," + rows.text("country") + ",");
+        lines.push_back(
+            name + " " + rows.text("rating") + "," + rows.text("ranking") + "," + rows.text("country") + ",");
     }
     return save(session, "players_rating_ranking.txt", lines);
 }
@@ -73,8 +75,7 @@ std::optional<std::filesystem::path> report_players_events(Session& session)
                 std::to_string(entries.integer("eid")));
         auto raw = db.query("select eid, player, partnername from rawdoublesentries order by eid, rdidx");
         while (raw.step())
-            append_event(
-                db, { raw.text("player"), raw.text("partnername") }, "r" + std::to_string(raw.integer("eid")));
+            append_event(db, { raw.text("player"), raw.text("partnername") }, "r" + std::to_string(raw.integer("eid")));
         db.run("update players set evt_str=substr(evt_str, 1, length(evt_str)-1) where length(evt_str) > 0");
         transaction.commit();
     }

@@ -146,12 +146,12 @@ std::optional<PlayerRefusal> validate_player(
 {
     using F = PlayerField;
     if (record.kind == PlayerKind::player) {
-        for (auto fault : { refuse(F::fname, value_required(record.fname)),
-                 refuse(F::sname, value_required(record.sname)),
-                 refuse(F::fname, check_class(record.fname, ValueClass::systemdisallow)),
-                 refuse(F::sname, check_class(record.sname, ValueClass::systemdisallow)),
-                 refuse(F::fname, check_wqb(record.fname, "first name", form)),
-                 refuse(F::sname, check_wqb(record.sname, "second name", form)) })
+        for (auto fault :
+            { refuse(F::fname, value_required(record.fname)), refuse(F::sname, value_required(record.sname)),
+                refuse(F::fname, check_class(record.fname, ValueClass::systemdisallow)),
+                refuse(F::sname, check_class(record.sname, ValueClass::systemdisallow)),
+                refuse(F::fname, check_wqb(record.fname, "first name", form)),
+                refuse(F::sname, check_wqb(record.sname, "second name", form)) })
             if (fault)
                 return fault;
         if (lcase(trim(record.fname) + " " + trim(record.sname)) == "partner required")
@@ -196,9 +196,8 @@ PlayerSave add_player(Session& session, const PlayerRecord& record, const std::t
         values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, '', ?, 0))",
         pid, names.fname, names.sname, names.player, static_cast<int>(record.kind), record.sex, record.phone,
         record.mobile, record.email, record.dob, record.password, record.address, record.city, record.state,
-        record.postcode, record.country, record.club, record.ranking, record.rating,
-        record.availabilityrestrictions, record.notes, record.results, record.message, record.tsd,
-        date_time_long(now));
+        record.postcode, record.country, record.club, record.ranking, record.rating, record.availabilityrestrictions,
+        record.notes, record.results, record.message, record.tsd, date_time_long(now));
     transaction.commit();
 
     session.refresh_lists(Lists::players);
@@ -224,8 +223,7 @@ PlayerSave save_player(Session& session, std::int64_t pid, const PlayerRecord& r
     StoredNames names = stored_names(record);
     if (locked) {
         // Written back untouched: first_cap could respell an imported name such as "McEnroe".
-        names = { stored->kind == PlayerKind::team ? stored->team_name : stored->fname, stored->sname,
-            stored->player };
+        names = { stored->kind == PlayerKind::team ? stored->team_name : stored->fname, stored->sname, stored->player };
     }
     Transaction transaction(db);
     db.run(R"(update players set fname=?, sname=?, player=?, pval=?, sex=?, phone=?, mobile=?, email=?, dob=?,
@@ -234,8 +232,7 @@ PlayerSave save_player(Session& session, std::int64_t pid, const PlayerRecord& r
         names.fname, names.sname, names.player, static_cast<int>(locked ? stored->kind : record.kind),
         locked ? stored->sex : record.sex, record.phone, record.mobile, record.email, record.dob, record.password,
         record.address, record.city, record.state, record.postcode, record.country, record.club, record.ranking,
-        record.rating, record.availabilityrestrictions, record.notes, record.results, record.message, record.tsd,
-        pid);
+        record.rating, record.availabilityrestrictions, record.notes, record.results, record.message, record.tsd, pid);
     transaction.commit();
 
     if (names.player != stored->player)
@@ -316,7 +313,8 @@ int delete_players(Session& session, const std::vector<std::int64_t>& pids, Play
                 faults.push_back(entered_text(stored->player));
                 continue;
             }
-            if (prompt == PlayerPrompt::ask && talk.ask("Confirm player delete", "Confirm", Buttons::YesNo) != Answer::Yes)
+            if (prompt == PlayerPrompt::ask
+                && talk.ask("Confirm player delete", "Confirm", Buttons::YesNo) != Answer::Yes)
                 continue;
             db.run("delete from players where pid=?", pid);
             ++deleted;

@@ -2,11 +2,14 @@
 
 #include "core/session.h"
 #include "drawengine/ko_progression.h"
+#include "drawengine/rr_saving.h"
+#include "drawengine/rr_scoring.h"
 #include "entries/filters.h"
 #include "ui/drawconfig_window.h"
 #include "ui/events_filter_window.h"
 #include "ui/id_lists.h"
 #include "ui/qt_text.h"
+#include "ui/rr_draw_view.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -302,6 +305,8 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     , m_timestamp(new QLabel(this))
     , m_pages(new QStackedWidget(this))
     , m_view(new DrawView(this))
+    , m_rr_view(new RrDrawView(
+          session, m_open.draw, m_rr, [this] { show_state(); }, this))
     , m_save_as_u_go(new QCheckBox(QStringLiteral("save as u go"), this))
     , m_save_no_prompt(new QCheckBox(QStringLiteral("save no prompt"), this))
     , m_save(nullptr)
@@ -331,6 +336,7 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     right->addWidget(m_heading);
     right->addWidget(m_timestamp);
     m_pages->addWidget(m_view);
+    m_pages->addWidget(m_rr_view);
     right->addWidget(m_pages, 1);
 
     auto* layout = new QHBoxLayout(this);
@@ -347,6 +353,14 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
             QApplication::restoreOverrideCursor();
     };
     m_hooks.show_draw = [this](OpenDraw&) { show_draw(); };
+    // A round robin keeps its match lines beside the tree's state record; its save steps work on them.
+    m_hooks.validate_rr = [this](OpenDraw&) { return qv::validate_rr(m_session.talk(), m_rr); };
+    m_hooks.add_draw_stub_RR
+        = [this](OpenDraw& open) { qv::add_draw_stub_RR(m_session.tournament(), open.draw, m_rr); };
+    m_hooks.RR_savecontrols = [this](OpenDraw& open) { qv::RR_savecontrols(m_session.tournament(), open.draw, m_rr); };
+    m_hooks.RR_copy_over = [this](OpenDraw& open) { qv::RR_copy_over(m_session.tournament(), open.draw.curr_eid); };
+    m_hooks.RR_loadroundsdata
+        = [this](OpenDraw& open) { qv::RR_loadroundsdata(m_session.tournament(), open.draw, m_rr); };
     m_view->set_handlers([this](int level, int position, int button) { click_slot(level, position, button); },
         [this](int level, int position, const QString& text) { set_score(level, position, text); });
 
@@ -367,8 +381,9 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
 
 DrawArea::~DrawArea()
 {
-    // The view's items point at the open draw, which goes before the view's children.
+    // The views point at the open draw, which goes before the area's children.
     m_view->clear_draw();
+    delete m_rr_view;
 }
 
 QPushButton* DrawArea::button(const QString& caption) const
@@ -388,6 +403,7 @@ void DrawArea::init()
 {
     m_view->clear_draw();
     m_open = OpenDraw {};
+    m_rr.clear();
     load_settings();
     reload_events();
     show_draw();
@@ -399,6 +415,7 @@ void DrawArea::clear()
         m_drawconfig->close();
     m_view->clear_draw();
     m_open = OpenDraw {};
+    m_rr.clear();
     m_events->clear();
     m_filter_tag->clear();
     show_state();
@@ -495,6 +512,8 @@ bool DrawArea::choose_event(qint64 eid)
         return false;
     }
     m_view->clear_draw();
+    // An event without rows in schedule reads no match lines: the last event's must not stay.
+    m_rr.clear();
     BF_load_draw(m_session, m_open, eid, m_hooks);
     recount_changes();
     select_event_line(eid);
@@ -508,7 +527,7 @@ DrawHooks DrawArea::draw_hooks()
     hooks.set_scoreboxes = [](OpenDraw& draw, bool highlight) { set_scoreboxes(draw, highlight); };
     hooks.sendbyesthru = [this](OpenDraw& draw) { sendbyesthru(m_session, draw); };
     hooks.show_draw = [this](OpenDraw&) { show_draw(); };
-    hooks.round_robin = m_round_robin;
+    hooks.round_robin = [this](OpenDraw& open) { RR_do_draw(m_session, open.draw, m_rr); };
     return hooks;
 }
 
@@ -550,6 +569,7 @@ void DrawArea::do_all_draws()
         = [this](OpenDraw& draw) { return qv::leave_draw(m_session, draw, LeaveReason::closingdraws, m_hooks); };
     steps.load_draw = [this](OpenDraw& draw, std::int64_t eid) {
         m_view->clear_draw();
+        m_rr.clear();
         BF_load_draw(m_session, draw, eid, m_hooks);
     };
     steps.breathe = [] { QCoreApplication::processEvents(); };
@@ -561,6 +581,7 @@ void DrawArea::do_all_draws()
     steps.close_draw_special = [this](OpenDraw& draw) {
         m_view->clear_draw();
         draw.clear_tree();
+        m_rr.clear();
         draw.draw.on_screen = false;
         draw.draw.new_draw = false;
         draw.draw.changes_waiting = false;
@@ -579,6 +600,8 @@ void DrawArea::delete_draw()
 {
     if (!RR_KO_delete_draw(m_session, m_open))
         return;
+    if (!m_open.draw.on_screen)
+        m_rr.clear();
     show_draw();
     reload_events();
 }
@@ -631,17 +654,6 @@ void DrawArea::set_score(int level, int position, const QString& text)
     show_draw();
 }
 
-void DrawArea::set_round_robin(std::function<void(OpenDraw&)> do_draw, QWidget* page)
-{
-    m_round_robin = std::move(do_draw);
-    if (m_rr_page)
-        m_pages->removeWidget(m_rr_page);
-    m_rr_page = page;
-    if (page)
-        m_pages->addWidget(page);
-    show_draw();
-}
-
 void DrawArea::recount_changes()
 {
     if (m_open.draw.on_screen && !m_open.draw.new_draw)
@@ -650,12 +662,14 @@ void DrawArea::recount_changes()
 
 void DrawArea::show_draw()
 {
-    const bool rr = m_open.draw.on_screen && m_open.draw.drawtype == "rr" && m_rr_page;
-    m_pages->setCurrentWidget(rr ? m_rr_page : static_cast<QWidget*>(m_view));
+    const bool rr = m_open.draw.on_screen && m_open.draw.drawtype == "rr";
+    m_pages->setCurrentWidget(rr ? static_cast<QWidget*>(m_rr_view) : static_cast<QWidget*>(m_view));
     if (m_open.draw.on_screen && m_open.levels() > 0 && !rr)
         m_view->show_draw(m_open);
     else
         m_view->clear_draw();
+    if (rr)
+        m_rr_view->refresh();
     show_state();
 }
 

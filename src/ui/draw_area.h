@@ -5,6 +5,7 @@
 #include "drawengine/drawconfig.h"
 #include "drawengine/ko_generation.h"
 #include "drawengine/open_draw.h"
+#include "drawengine/rr_draw.h"
 
 #include <QGraphicsItem>
 #include <QGraphicsView>
@@ -29,6 +30,7 @@ namespace qv {
 
 class DrawConfigWindow;
 class DrawView;
+class RrDrawView;
 class Session;
 
 // The line a slot shows: the seed in brackets, the name on show and the country in brackets,
@@ -138,10 +140,9 @@ public:
     void refresh_on_entry();
 
     OpenDraw& open_draw() { return m_open; }
-    // The round robin's steps of a save (validate_rr, RR_savecontrols ...) are set here by whoever brings it.
-    DrawSaveHooks& save_hooks() { return m_hooks; }
-    // "do draw" of an "rr" event, and the page shown in place of the tree while an "rr" draw is open.
-    void set_round_robin(std::function<void(OpenDraw&)> do_draw, QWidget* page);
+    // The open "rr" draw: its players, match lines and standings.
+    OpenRoundRobin& round_robin() { return m_rr; }
+    const DrawSaveHooks& save_hooks() const { return m_hooks; }
     // Tests hand in a seeded source so that a draw comes out the same each time.
     void set_random(std::unique_ptr<DrawRandom> random) { m_random = std::move(random); }
 
@@ -150,6 +151,8 @@ public:
     QLabel* heading() const { return m_heading; }
     QLabel* timestamp_label() const { return m_timestamp; }
     DrawView* view() const { return m_view; }
+    // Shown in place of the tree while an "rr" draw is open.
+    RrDrawView* rr_view() const { return m_rr_view; }
     QCheckBox* save_as_u_go_box() const { return m_save_as_u_go; }
     QCheckBox* save_no_prompt_box() const { return m_save_no_prompt; }
     QPushButton* button(const QString& caption) const;
@@ -196,6 +199,7 @@ private:
 
     Session& m_session;
     OpenDraw m_open;
+    OpenRoundRobin m_rr;
     DrawSaveHooks m_hooks;
     std::unique_ptr<DrawRandom> m_random;
 
@@ -205,8 +209,7 @@ private:
     QLabel* m_timestamp;
     QStackedWidget* m_pages;
     DrawView* m_view;
-    QWidget* m_rr_page = nullptr;
-    std::function<void(OpenDraw&)> m_round_robin;
+    RrDrawView* m_rr_view;
     QCheckBox* m_save_as_u_go;
     QCheckBox* m_save_no_prompt;
     QPushButton* m_save;
