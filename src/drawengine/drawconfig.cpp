@@ -1,6 +1,7 @@
 #include "drawengine/drawconfig.h"
 
 #include "core/codepage.h"
+#include "core/file_save.h"
 #include "core/session.h"
 #include "core/text_rules.h"
 #include "core/utf8.h"
@@ -66,31 +67,6 @@ struct ExportNames
 
 constexpr std::array<ExportNames, 3> export_names { { { "seeds for ", "seeds.txt" }, { "players for ", "players.txt" },
     { "reserves for ", "reserves.txt" } } };
-
-// What the user has chosen to happen once a text file is written.
-void after_file_save(Session& session, const std::filesystem::path& file)
-{
-    UserTalk& talk = session.talk();
-    switch (session.settings().integer("on_file_save")) {
-    case 1:
-        talk.message("ok");
-        break;
-    case 2: {
-        std::error_code error;
-        const auto size = std::filesystem::file_size(file, error);
-        const std::string question = "file size=" + format_file_size(error ? 0 : size) + ",view?";
-        if (talk.ask(question, "File saved", Buttons::YesNo) == Answer::Yes)
-            talk.show_text(file, file.filename().string());
-        break;
-    }
-    case 3:
-        talk.message(file.string());
-        break;
-    default:
-        talk.beep();
-        break;
-    }
-}
 
 } // namespace
 
@@ -455,7 +431,7 @@ bool DrawConfig::export_list(ConfigList which)
         return false;
     }
     out.close();
-    after_file_save(m_session, *chosen);
+    on_file_save(m_session, *chosen);
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include "entries/folders.h"
 #include "ui/events_filter_window.h"
 #include "ui/id_lists.h"
+#include "ui/list_search.h"
 #include "ui/players_filter_window.h"
 #include "ui/qt_text.h"
 
@@ -57,19 +58,11 @@ void fill_texts(QListWidget* list, const std::vector<std::string>& lines)
 // of searches picks several people.
 bool search_list(QListWidget* list, const QString& text)
 {
-    const int skip = first_line(list);
-    std::vector<std::string> lines;
-    for (int row = skip; row < list->count(); ++row)
-        lines.push_back(to_std(list->item(row)->text()));
-    std::optional<std::size_t> after;
-    if (list->currentRow() >= skip)
-        after = static_cast<std::size_t>(list->currentRow() - skip);
-    const auto found = find_line(lines, to_std(text), after);
-    if (!found)
+    const auto row = next_matching_row(list, text, first_line(list));
+    if (!row)
         return false;
-    const int row = static_cast<int>(*found) + skip;
-    list->setCurrentRow(row, QItemSelectionModel::Select);
-    list->scrollToItem(list->item(row));
+    list->setCurrentRow(*row, QItemSelectionModel::Select);
+    list->scrollToItem(list->item(*row));
     return true;
 }
 

@@ -5,6 +5,7 @@
 #include "entries/main_lists.h"
 #include "ui/events_filter_window.h"
 #include "ui/id_lists.h"
+#include "ui/list_search.h"
 #include "ui/qt_text.h"
 
 #include <QCheckBox>
@@ -66,17 +67,11 @@ QPushButton* button(const char* caption, QWidget* parent)
 // "set filter..." line) are not searched.
 bool search_list(QListWidget* list, const QString& text, int skip = 0)
 {
-    std::vector<std::string> lines;
-    for (int row = skip; row < list->count(); ++row)
-        lines.push_back(to_std(list->item(row)->text()));
-    std::optional<std::size_t> after;
-    if (list->currentRow() >= skip)
-        after = static_cast<std::size_t>(list->currentRow() - skip);
-    const auto found = find_line(lines, to_std(text), after);
-    if (!found)
+    const auto row = next_matching_row(list, text, skip);
+    if (!row)
         return false;
     list->clearSelection();
-    list->setCurrentRow(static_cast<int>(*found) + skip);
+    list->setCurrentRow(*row);
     return true;
 }
 

@@ -5,6 +5,7 @@
 #include "ui/drawconfig_window.h"
 #include "ui/events_windows.h"
 #include "ui/folders_windows.h"
+#include "ui/list_search.h"
 #include "ui/players_windows.h"
 #include "ui/seeding_patterns_window.h"
 #include "ui/tournament_area.h"
@@ -98,15 +99,10 @@ void register_players(TournamentArea& area, Session& session)
 
 bool search_list(QListWidget* list, const QString& text)
 {
-    const int count = list->count();
-    for (int step = 1; step <= count; ++step) {
-        const int row = (list->currentRow() + step) % count;
-        if (list->item(row)->text().contains(text, Qt::CaseInsensitive)) {
-            list->setCurrentRow(row);
-            return true;
-        }
-    }
-    return false;
+    const auto row = next_matching_row(list, text);
+    if (row)
+        list->setCurrentRow(*row);
+    return row.has_value();
 }
 
 void register_tournament_operations(TournamentArea& area, Session& session, TournamentOperationHooks hooks)
