@@ -651,10 +651,8 @@ PlayerDetailsWindow::PlayerDetailsWindow(Session& session, PlayerTable table, QW
     });
 }
 
-bool PlayerDetailsWindow::show_name(std::string_view name)
+bool PlayerDetailsWindow::show_found(const std::optional<PlayerRecord>& record)
 {
-    auto& db = m_table == PlayerTable::players ? m_session.tournament() : m_session.peek_browse_db();
-    const auto record = load_player_by_name(db, name, m_table);
     if (!record) {
         m_session.talk().message("player not found");
         return false;
@@ -663,16 +661,19 @@ bool PlayerDetailsWindow::show_name(std::string_view name)
     return true;
 }
 
+Database& PlayerDetailsWindow::source() const
+{
+    return m_table == PlayerTable::players ? m_session.tournament() : m_session.peek_browse_db();
+}
+
+bool PlayerDetailsWindow::show_name(std::string_view name)
+{
+    return show_found(load_player_by_name(source(), name, m_table));
+}
+
 bool PlayerDetailsWindow::show_pid(std::int64_t pid)
 {
-    auto& db = m_table == PlayerTable::players ? m_session.tournament() : m_session.peek_browse_db();
-    const auto record = load_player(db, pid, m_table);
-    if (!record) {
-        m_session.talk().message("player not found");
-        return false;
-    }
-    show_record(*record);
-    return true;
+    return show_found(load_player(source(), pid, m_table));
 }
 
 bool PlayerDetailsWindow::show_match(std::int64_t sid)

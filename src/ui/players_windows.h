@@ -22,6 +22,7 @@ class QTabWidget;
 
 namespace qv {
 
+class Database;
 class Session;
 
 // The fields of one player or team on tabs, shared by the register's windows. The option "team" leaves only the
@@ -197,6 +198,8 @@ public slots:
 
 private:
     void show_record(const PlayerRecord& record);
+    bool show_found(const std::optional<PlayerRecord>& record);
+    Database& source() const;
 
     Session& m_session;
     PlayerTable m_table;
