@@ -4,6 +4,7 @@
 #include "core/utf8.h"
 #include "drawengine/open_draw.h"
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -106,12 +107,25 @@ bool begins(std::string_view text, std::string_view prefix)
 
 } // namespace
 
+std::string form_key(std::string_view text)
+{
+    auto key = trim(text);
+    // The test runs for every slot of the draw per candidate: plain ASCII, the usual case, skips the decoding.
+    if (std::all_of(key.begin(), key.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
+        for (auto& c : key)
+            if (c >= 'A' && c <= 'Z')
+                c = static_cast<char>(c - 'A' + 'a');
+        return key;
+    }
+    return lower_all(key);
+}
+
 bool k_isunique_ko(const OpenDraw& draw, std::string_view candidate)
 {
-    const auto key = name_key(candidate);
+    const auto key = form_key(candidate);
     for (int i = 1; i <= draw.positions(1); ++i) {
         const auto& s = draw.slot(1, i);
-        if (name_key(s.ttt) == key || name_key(s.frn) == key || name_key(s.tag) == key)
+        if (form_key(s.ttt) == key || form_key(s.frn) == key || form_key(s.tag) == key)
             return false;
     }
     return true;

@@ -36,7 +36,11 @@ private:
 // k_isunique(candidate, mode): the knock-out and the round-robin draw each bring their own test.
 using UniqueTest = std::function<bool(std::string_view candidate)>;
 
-// No slot of the draw's first round has the candidate as its ttt, frn or tag (all compared trimmed, lower case).
+// The form in which the uniqueness tests compare names: trimmed, and lower case for the accented capitals too,
+// since the forms themselves capitalise Latin-1 letters ("émile" gives "É.").
+std::string form_key(std::string_view text);
+
+// No slot of the draw's first round has the candidate as its ttt, frn or tag (all compared as form_key).
 bool k_isunique_ko(const OpenDraw& draw, std::string_view candidate);
 
 // The four ways of making the forms. `name` is the slot's player text; the other names are the entry's, trimmed.
