@@ -20,6 +20,21 @@ bool write_text_file(const std::filesystem::path& file, const std::vector<std::s
     return static_cast<bool>(out);
 }
 
+std::optional<std::filesystem::path> save_text_file_as(Session& session, const std::string& default_name,
+    const std::filesystem::path& start_dir, const std::vector<std::string>& lines)
+{
+    const auto file
+        = session.talk().choose_file({ FileDialogKind::SaveAs, "save as..", default_name, "txt.", start_dir });
+    if (!file)
+        return std::nullopt;
+    if (!write_text_file(*file, lines)) {
+        session.talk().message("cannot write file:" + file->string());
+        return std::nullopt;
+    }
+    on_file_save(session, *file);
+    return file;
+}
+
 void on_file_save(Session& session, const std::filesystem::path& file)
 {
     auto& talk = session.talk();

@@ -415,23 +415,13 @@ bool DrawConfig::export_list(ConfigList which)
         return false;
     const auto& names = export_names[list_index(which)];
     auto& settings = m_session.settings();
-    const auto chosen = m_session.talk().choose_file(
-        { FileDialogKind::SaveAs, "save as..", names.file, "txt.", settings.text("app.last_dir_opened") });
+    std::vector<std::string> text { names.heading + m_event.eventname };
+    for (const auto& line : lines(which))
+        text.push_back(line.text);
+    const auto chosen = save_text_file_as(m_session, names.file, settings.text("app.last_dir_opened"), text);
     if (!chosen)
         return false;
     settings.set_disk_var("app.last_dir_opened", chosen->parent_path().string());
-
-    std::string body = names.heading + m_event.eventname + "\r\n";
-    for (const auto& line : lines(which))
-        body += line.text + "\r\n";
-    std::ofstream out(*chosen, std::ios::binary | std::ios::trunc);
-    out << to_cp1252(body);
-    if (!out.flush()) {
-        m_session.talk().message("cannot write file:" + chosen->string());
-        return false;
-    }
-    out.close();
-    on_file_save(m_session, *chosen);
     return true;
 }
 

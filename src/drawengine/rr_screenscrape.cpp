@@ -108,21 +108,9 @@ std::vector<std::string> rr_screenscrape_lines(Database& tournament, const OpenR
 
 bool rr_screenscrape(Session& session, const OpenRoundRobin& rr)
 {
-    FileRequest request;
-    request.kind = FileDialogKind::SaveAs;
-    request.title = "save as..";
-    request.default_name = "rr_screenscrape.txt";
-    request.filter = "txt.";
-    request.start_dir = session.dirs().working;
-    const auto file = session.talk().choose_file(request);
-    if (!file)
-        return false;
-    if (!write_text_file(*file, rr_screenscrape_lines(session.tournament(), rr))) {
-        session.talk().message("cannot write " + file->string());
-        return false;
-    }
-    on_file_save(session, *file);
-    return true;
+    return save_text_file_as(
+        session, "rr_screenscrape.txt", session.dirs().working, rr_screenscrape_lines(session.tournament(), rr))
+        .has_value();
 }
 
 } // namespace qv

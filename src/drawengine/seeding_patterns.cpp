@@ -375,24 +375,10 @@ bool export_seeding_list(Session& session, const std::vector<SeedPosition>& posi
 {
     if (!seeding_export_allowed(session))
         return false;
-    FileRequest request;
-    request.kind = FileDialogKind::SaveAs;
-    request.title = "save as..";
-    request.default_name = "seeding.txt";
-    request.filter = "txt.";
-    request.start_dir = session.dirs().working;
-    const auto file = session.talk().choose_file(request);
-    if (!file)
-        return false;
     std::vector<std::string> lines { "seeding" };
     for (const auto& p : positions)
         lines.push_back(position_line(p));
-    if (!write_text_file(*file, lines)) {
-        session.talk().message("cannot write " + file->string());
-        return false;
-    }
-    on_file_save(session, *file);
-    return true;
+    return save_text_file_as(session, "seeding.txt", session.dirs().working, lines).has_value();
 }
 
 } // namespace qv
