@@ -7,6 +7,7 @@
 #include "ui/folders_windows.h"
 #include "ui/list_search.h"
 #include "ui/players_windows.h"
+#include "ui/qt_text.h"
 #include "ui/seeding_patterns_window.h"
 #include "ui/tournament_area.h"
 
@@ -60,9 +61,15 @@ void register_events(TournamentArea& area, Session& session, const TournamentOpe
     area.add_operation(OperationList::events, QStringLiteral("events"),
         [&session, parent] { show_window(open_admin_events(session, parent)); });
     area.add_operation(OperationList::events, QStringLiteral("draw config"), [&area, &session, parent, hooks] {
-        if (event_chosen(area, session))
-            show_window(open_drawconfig(session, area.selected_event(),
-                hooks.drawconfig_hooks ? hooks.drawconfig_hooks() : DrawConfigHooks {}, parent));
+        if (!event_chosen(area, session))
+            return;
+        auto* window = open_drawconfig(session, area.selected_event(),
+            hooks.drawconfig_hooks ? hooks.drawconfig_hooks() : DrawConfigHooks {}, parent);
+        QObject::connect(
+            window, &DrawConfigWindow::playerDetailsRequested, window, [&session, window](const QString& player) {
+                open_player_details_by_name(session, to_std(player), window);
+            });
+        show_window(window);
     });
     area.add_operation(OperationList::events, QStringLiteral("manage events"),
         [&session, parent] { show_window(open_events_manage(session, parent)); });
