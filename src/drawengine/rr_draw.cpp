@@ -76,9 +76,9 @@ std::vector<std::pair<int, int>> rr_pairings(int n)
 
 bool k_isunique_rr(const OpenRoundRobin& rr, std::string_view candidate)
 {
-    const auto key = name_key(candidate);
+    const auto key = form_key(candidate);
     for (const auto& row : rr.players)
-        if (name_key(row.frn) == key)
+        if (form_key(row.frn) == key)
             return false;
     return true;
 }
