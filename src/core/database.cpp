@@ -248,17 +248,19 @@ int Database::changes() const
     return sqlite3_changes(m_db);
 }
 
+// A savepoint rather than BEGIN: outside a transaction it opens one, inside it nests, so an operation that runs
+// other operations (do all draws, the results window) stays one unit of work.
 Transaction::Transaction(Database& db)
     : m_db(db)
 {
-    m_db.exec_script("begin");
+    m_db.exec_script("savepoint user_operation");
 }
 
 Transaction::~Transaction()
 {
     if (!m_done) {
         try {
-            m_db.exec_script("rollback");
+            m_db.exec_script("rollback to user_operation; release user_operation");
         } catch (...) {
             // The engine rolls back on its own when a statement failed hard; nothing more to undo.
         }
@@ -267,7 +269,7 @@ Transaction::~Transaction()
 
 void Transaction::commit()
 {
-    m_db.exec_script("commit");
+    m_db.exec_script("release user_operation");
     m_done = true;
 }
 

@@ -181,39 +181,6 @@ std::string copy_statement(bool to_live)
     return sql;
 }
 
-// The writes of one slot or one first save hold together. A savepoint rather than a transaction, because the
-// replacing and result windows call these inside their own.
-class Savepoint
-{
-public:
-    explicit Savepoint(Database& db)
-        : m_db(db)
-    {
-        m_db.exec_script("savepoint draw_write");
-    }
-    Savepoint(const Savepoint&) = delete;
-    Savepoint& operator=(const Savepoint&) = delete;
-    ~Savepoint()
-    {
-        if (m_done)
-            return;
-        try {
-            m_db.exec_script("rollback to draw_write; release draw_write");
-        } catch (...) {
-            // The engine has already undone the work when a statement failed hard.
-        }
-    }
-    void commit()
-    {
-        m_db.exec_script("release draw_write");
-        m_done = true;
-    }
-
-private:
-    Database& m_db;
-    bool m_done = false;
-};
-
 class BusyCursor
 {
 public:
@@ -396,7 +363,7 @@ void KO_savecontrols(Database& tournament, const OpenDraw& open)
          q.step();)
         rows.push_back({ q.integer("sid"), q.text("mt"), q.text("mb") });
 
-    Savepoint savepoint(tournament);
+    Transaction savepoint(tournament);
     for (const auto& row : rows) {
         const auto top = OpenDraw::split_mtmb(row.mt);
         if (!top || !open.has_slot(top->level, top->position))
@@ -468,7 +435,7 @@ void KO_imm_save(Session& session, OpenDraw& open, int level, int position)
     const auto vals = get_vals(open, level, position);
     const auto next_sid = find_row(db, eid, next_side, OpenDraw::address_text(level + 1, n));
 
-    Savepoint savepoint(db);
+    Transaction savepoint(db);
     for (int pass = 0; pass < passes; ++pass)
         write_row(db, *sid, side_columns(prefixes[pass], side, vals));
     store_changed(db, *sid);

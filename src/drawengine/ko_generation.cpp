@@ -481,6 +481,8 @@ void do_all_draws(
     if (steps.close_draw && !steps.close_draw(open))
         return;
     {
+        // One unit of work: a failure part way leaves every event as it was.
+        Transaction transaction(session.tournament());
         AllDrawsFlag flag(open.draw);
         for (const auto& line : loadevents(session.tournament())) {
             if (line.text.find('*') != std::string::npos)
@@ -503,6 +505,7 @@ void do_all_draws(
             steps.close_draw_special(open);
         if (steps.save_draw_END_doing_all_draws)
             steps.save_draw_END_doing_all_draws(open);
+        transaction.commit();
     }
     session.talk().message("ok");
 }
