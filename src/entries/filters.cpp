@@ -188,7 +188,8 @@ PlayerFilterSql player_filter_sql(Database& db, const PlayerFilter& filter)
     sql.id = filter.id;
     switch (filter.source) {
     case PlayerSource::all:
-        sql.select = conditions.empty() ? "select * from players" + order
+        // With no tick narrowing it the whole register comes by name, whatever order was chosen.
+        sql.select = conditions.empty() ? std::string("select * from players order by player")
                                         : filter_where_and("select * from players where " + conditions) + order;
         break;
     case PlayerSource::folder:
@@ -334,7 +335,7 @@ std::string event_filter_sql(const EventFilter& filter)
         : clean.order == "event name"                   ? " order by eventname"
                                                         : " order by eid";
     if (conditions.empty())
-        return "Select * from events" + order;
+        return "Select * from events " + order;
     return filter_where_and("select * from events where " + conditions) + order;
 }
 

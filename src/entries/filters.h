@@ -77,8 +77,8 @@ struct PlayerFilterSql
 // - the order part " order by player", " order by sname" or " order by pid";
 // - a tick condition only when exactly one of a pair is ticked: " and sex='male'" / " and sex='female'",
 //   " and pval='1'" / " and pval='0'";
-// - source "1": "select * from players where " and the conditions, cleaned by filter_where_and, or
-//   "select * from players" and the order when there is none;
+// - source "1": "select * from players where " and the conditions, cleaned by filter_where_and, and the order;
+//   "select * from players order by player" when there is none, whatever the chosen order;
 // - source "3": "select * from players where fid=?" and the conditions;
 // - source "2": the event's entries fill alist (p1name and partner of a doubles event, player otherwise) and
 //   "select * from players where lower(trim(player)) in ( select nm as player from alist ) " and the conditions.
@@ -134,7 +134,7 @@ std::string event_filter_text(const EventFilter& filter);
 std::string disp_tag(const EventFilter& filter);
 
 // "select * from events where " with " and singdobs='...'", " and sex='...'", " and pte='p|t|e'",
-// " and drawdone=true" / " and drawdone=false", cleaned by filter_where_and; "Select * from events" when nothing
+// " and drawdone=true" / " and drawdone=false", cleaned by filter_where_and; "Select * from events " when nothing
 // is set; then " order by eid", " order by drawdone" or " order by eventname". The words come from fixed lists.
 std::string event_filter_sql(const EventFilter& filter);
 

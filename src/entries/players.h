@@ -54,7 +54,7 @@ enum class PlayerForm { add_new, edit };
 // the team name.
 std::string player_name_of(const PlayerRecord& record);
 
-// The reserved words a name field may not hold; the text is tested lower-cased, not trimmed.
+// The reserved words a name field may not hold; the text is tested lower-cased and trimmed, as it is stored.
 Check check_wqb(std::string_view text, std::string_view label, PlayerForm form);
 
 // Every check before a save, in order; the first fault. edited_pid is the row being edited (edit form only).

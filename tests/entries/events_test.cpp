@@ -231,15 +231,28 @@ TEST_F(EventsTest, BadInputChangesNothing)
 {
     fill();
     const auto before = events_dump();
-    const std::vector<std::string> names { "men's", "open \"a\"", "open (a)", "open\u00bf", std::string(51, 'm') };
-    for (const auto& name : names) {
+    const std::pair<std::string, std::string> cases[] = {
+        { "men's", "illegal character" },
+        { "open \"a\"", "illegal character" },
+        { "open (a)", "illegal character" },
+        { "open\u00bf", "illegal character" },
+        { "a^b", "illegal character" },
+        { "   ", "value required" },
+        { std::string(51, 'm'), "event name must be <= 50 characters in length" },
+    };
+    for (const auto& [name, message] : cases) {
         talk.clear();
         const auto added = add_event(session, { name, "1", "singles", "male", "p" });
         EXPECT_EQ(added.outcome, EventSaved::refused) << name;
         const auto saved = save_event(session, 3, { name, "1", "singles", "female", "p" });
         EXPECT_EQ(saved.outcome, EventSaved::refused) << name;
-        EXPECT_EQ(talk.messages().size(), 2u) << name;
+        EXPECT_EQ(talk.messages(), (std::vector<std::string> { message, message })) << name;
     }
+    // Fifty characters are the column's full width and pass.
+    talk.clear();
+    EXPECT_EQ(add_event(session, { std::string(50, 'm'), "1", "singles", "male", "p" }).outcome, EventSaved::saved);
+    db().run("delete from events where eid=4");
+    host.calls.clear();
     EXPECT_EQ(event_count(), 3);
     EXPECT_EQ(column("select eventname from events where eid=?", 3), "girls singles");
     EXPECT_EQ(events_dump(), before);

