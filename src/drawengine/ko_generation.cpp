@@ -484,7 +484,9 @@ void do_all_draws(
         // One unit of work: a failure part way leaves every event as it was.
         Transaction transaction(session.tournament());
         AllDrawsFlag flag(open.draw);
-        for (const auto& line : loadevents(session.tournament())) {
+        // Only the events the list shows: a filtered-out event keeps having no draw.
+        const auto lines = steps.event_lines ? steps.event_lines() : loadevents(session.tournament());
+        for (const auto& line : lines) {
             if (line.text.find('*') != std::string::npos)
                 continue;
             if (steps.load_draw) {

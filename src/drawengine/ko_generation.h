@@ -2,6 +2,7 @@
 
 #include "drawengine/draw_random.h"
 #include "drawengine/open_draw.h"
+#include "entries/main_lists.h"
 
 #include <cstdint>
 #include <functional>
@@ -58,6 +59,8 @@ void add_draw_stub(Database& tournament, OpenDraw& draw);
 struct AllDrawsSteps
 {
     std::function<bool(OpenDraw&)> close_draw; // false: the user stays in the open draw; empty: always leaves
+    // The lines of the event list on show, top to bottom, as the filter left them; empty: every event.
+    std::function<std::vector<ListLine>()> event_lines;
     std::function<void(OpenDraw&, std::int64_t eid)> load_draw; // BF_load_draw; empty: load_event_state
     std::function<void()> breathe; // one pass of the event loop
     std::function<bool(OpenDraw&)> save_draw_doing_all_draws;
@@ -65,7 +68,7 @@ struct AllDrawsSteps
     std::function<void(OpenDraw&)> save_draw_END_doing_all_draws;
 };
 
-// DOALLDRAWS: a draw for every event of the list without one, saved as it goes, then "ok".
+// DOALLDRAWS: a draw for every line of the event list without the "*" mark, saved as it goes, then "ok".
 void do_all_draws(
     Session& session, OpenDraw& draw, DrawRandom& random, const DrawHooks& hooks, const AllDrawsSteps& steps);
 

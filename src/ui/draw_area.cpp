@@ -533,7 +533,10 @@ DrawHooks DrawArea::draw_hooks()
 
 void DrawArea::do_draw()
 {
-    if (m_open.draw.curr_eid == 0)
+    // The chosen event must also be the line selected in the list: a filter may have taken its line away.
+    const auto* line = m_events->currentItem();
+    if (m_open.draw.curr_eid == 0 || !line || !line->isSelected() || m_events->row(line) == 0
+        || line->data(Qt::UserRole).toLongLong() != m_open.draw.curr_eid)
         return;
     m_view->clear_draw();
     DODRAW(m_session, m_open, *m_random, draw_hooks());
@@ -567,7 +570,15 @@ void DrawArea::do_all_draws()
     AllDrawsSteps steps;
     steps.close_draw
         = [this](OpenDraw& draw) { return qv::leave_draw(m_session, draw, LeaveReason::closingdraws, m_hooks); };
+    steps.event_lines = [this] {
+        std::vector<ListLine> lines;
+        for (int row = 1; row < m_events->count(); ++row)
+            lines.push_back(
+                { to_std(m_events->item(row)->text()), m_events->item(row)->data(Qt::UserRole).toLongLong() });
+        return lines;
+    };
     steps.load_draw = [this](OpenDraw& draw, std::int64_t eid) {
+        select_event_line(eid);
         m_view->clear_draw();
         m_rr.clear();
         BF_load_draw(m_session, draw, eid, m_hooks);

@@ -616,5 +616,31 @@ TEST_F(KoGenerationTest, AllDrawsSkipStarredEventsAndStayQuiet)
     EXPECT_TRUE(steps_seen.empty());
 }
 
+TEST_F(KoGenerationTest, AllDrawsGoDownTheListAsItIsShown)
+{
+    for (std::int64_t eid = 1; eid <= 3; ++eid) {
+        add_event(eid);
+        add_entries(eid, numbered(3));
+    }
+    std::vector<std::int64_t> loaded;
+    AllDrawsSteps steps;
+    // A filter left events 3 and 1, in that order; event 2 is not on show.
+    steps.event_lines = [] { return std::vector<ListLine> { { "(3)c", 3 }, { "(1)a", 1 } }; };
+    steps.load_draw = [&](OpenDraw& open, std::int64_t eid) {
+        loaded.push_back(eid);
+        load_event_state(*db, eid, open.draw);
+        open.draw.on_screen = false;
+    };
+    steps.save_draw_doing_all_draws = [&](OpenDraw& open) {
+        open.draw.on_screen = false;
+        return true;
+    };
+    OpenDraw open;
+    SeededDrawRandom random(5);
+    do_all_draws(session, open, random, {}, steps);
+    EXPECT_EQ(loaded, (std::vector<std::int64_t> { 3, 1 }));
+    EXPECT_EQ(talk.messages(), std::vector<std::string> { "ok" });
+}
+
 } // namespace
 } // namespace qv

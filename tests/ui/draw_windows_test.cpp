@@ -1,5 +1,6 @@
 #include "core/session.h"
 #include "drawengine/ko_progression.h"
+#include "entries/filters.h"
 #include "support/fake_host.h"
 #include "support/scripted_talk.h"
 #include "support/temp_app_dir.h"
@@ -321,6 +322,33 @@ TEST_F(DrawAreaTest, DoAllDrawsDrawsAndSavesEveryEventWithoutADraw)
     EXPECT_EQ(count("select count(*) from schedule where eid=?", 2), 8);
     EXPECT_EQ(count("select count(*) from schedule where eid=?", 3), 0);
     EXPECT_EQ(lines_of(area->events()).mid(1), QStringList({ "*(1)mens singles", "*(2)ladies singles", "(3)empty" }));
+}
+
+TEST_F(DrawAreaTest, DoAllDrawsLeavesEventsTheFilterHides)
+{
+    add_event(1, "mens singles", 4);
+    add_event(2, "mens doubles", 4);
+    db->run("update events set singdobs='doubles' where eid=2");
+    store_event_filter(session.settings(), filter_keys::draw_events, { "singles", "*", "*", "*", "*", "event number" });
+    area->init();
+    ASSERT_EQ(lines_of(area->events()).mid(1), QStringList({ "(1)mens singles" }));
+    area->button(QStringLiteral("do all draws"))->click();
+    EXPECT_EQ(talk.last_message(), "ok");
+    EXPECT_EQ(count("select count(*) from schedule where eid=?", 1), 4);
+    EXPECT_EQ(count("select count(*) from schedule where eid=?", 2), 0);
+}
+
+TEST_F(DrawAreaTest, DoDrawNeedsTheEventsLineSelected)
+{
+    add_event(1, "mens singles", 4);
+    area->init();
+    ASSERT_TRUE(area->choose_event(1));
+    area->events()->clearSelection();
+    area->do_draw();
+    EXPECT_FALSE(draw().draw.on_screen);
+    area->events()->setCurrentRow(1);
+    area->do_draw();
+    EXPECT_TRUE(draw().draw.on_screen);
 }
 
 TEST_F(DrawAreaTest, AHundredAndTwentyEightDrawFitsItsScene)
