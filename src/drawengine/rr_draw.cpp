@@ -117,9 +117,9 @@ bool RR_do_draw(Session& session, DrawState& draw, OpenRoundRobin& rr)
             session.talk().message("no players");
         return false;
     }
+    // "do all draws" silences only the empty event: a group of the wrong size needs the user's hand.
     if (n < 2 || n > 8) {
-        if (!draw.all_draws)
-            session.talk().message("round robin format is for 2-8 players,edit in draw config");
+        session.talk().message("round robin format is for 2-8 players,edit in draw config");
         return false;
     }
 

@@ -298,8 +298,10 @@ void rr_refresh_standings(Database& tournament, OpenRoundRobin& rr)
 
 std::string rr_points_text(double points)
 {
+    // Fifteen digits, as a number is shown to the user: sums of typed tenths such as 0.1 + 0.2 show "0.3",
+    // not the binary remainder.
     char buffer[32];
-    auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, points);
+    auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, points, std::chars_format::general, 15);
     if (error != std::errc {})
         return "0";
     return std::string(buffer, end);

@@ -70,6 +70,9 @@ RrDrawView::RrDrawView(Session& session, DrawState& draw, OpenRoundRobin& rr, Ch
     , m_on_change(std::move(on_change))
     , m_drawtype(new QLabel(this))
     , m_screenscrape(new QPushButton(QStringLiteral("screen scrape"), this))
+    , m_players(new_table(this, "rr_players",
+          { QStringLiteral("#"), QStringLiteral("player"), QStringLiteral("country"), QStringLiteral("ar"),
+              QStringLiteral("frn"), QStringLiteral("psex") }))
     , m_grid(new_table(this, "rr_grid", {}))
     , m_matches(new_table(this, "rr_matches",
           { QStringLiteral("#"), QStringLiteral("p1"), QStringLiteral("p2"), QStringLiteral("points1"),
@@ -80,6 +83,12 @@ RrDrawView::RrDrawView(Session& session, DrawState& draw, OpenRoundRobin& rr, Ch
     setObjectName(QStringLiteral("rr_draw"));
     m_drawtype->setObjectName(QStringLiteral("rr_drawtype"));
     m_screenscrape->setAutoDefault(false);
+    m_players->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_players->verticalHeader()->hide();
+    m_players->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_players->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_players->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_players->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_grid->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -103,7 +112,10 @@ RrDrawView::RrDrawView(Session& session, DrawState& draw, OpenRoundRobin& rr, Ch
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(top);
-    layout->addWidget(m_grid);
+    auto* tables = new QHBoxLayout;
+    tables->addWidget(m_players, 1);
+    tables->addWidget(m_grid, 1);
+    layout->addLayout(tables);
     layout->addLayout(lists, 1);
 
     connect(m_matches, &QTableWidget::cellClicked, this, &RrDrawView::cell_clicked);
@@ -124,10 +136,29 @@ void RrDrawView::refresh()
     m_drawtype->setText(qs(RR_set_scoring(m_draw.pts)));
     m_screenscrape->setVisible(screenscrape_allowed(m_session));
     m_screenscrape->setEnabled(!m_rr.empty());
+    fill_players();
     fill_grid();
     fill_matches();
     fill_standings();
     m_filling = false;
+}
+
+void RrDrawView::fill_players()
+{
+    const int n = m_rr.size();
+    m_players->setRowCount(n);
+    for (const auto& p : m_rr.players) {
+        const int row = p.number - 1;
+        put(m_players, row, 0, QString::number(p.number));
+        put(m_players, row, 1, qs(p.player));
+        put(m_players, row, 2, qs(p.country));
+        put(m_players, row, 3, qs(p.ar));
+        put(m_players, row, 4, qs(p.frn));
+        put(m_players, row, 5, qs(p.psex));
+    }
+    // As tall as the grid beside it, whose rows it names.
+    m_players->setFixedHeight(m_players->horizontalHeader()->sizeHint().height()
+        + n * m_players->verticalHeader()->defaultSectionSize() + 2 * m_players->frameWidth() + 4);
 }
 
 void RrDrawView::fill_grid()

@@ -19,10 +19,10 @@ class Session;
 // The columns of the match list.
 enum class RrColumn { match = 0, top, bottom, points1, points2, score };
 
-// The open round robin on screen: the mode line, the grid of wins by player number, the match list and the
-// standings. A click on a name in the match list marks or unmarks the winner; the points and score boxes take
-// typing when the mode leaves them open. Every act goes to the round-robin operations, which write the shadow
-// columns of a saved draw, and then the owner is told so that its save button can show the change.
+// The open round robin on screen: the mode line, the player table, the grid of wins by player number, the
+// match list and the standings. A click on a name in the match list marks or unmarks the winner; the points and score
+// boxes take typing when the mode leaves them open. Every act goes to the round-robin operations, which write the
+// shadow columns of a saved draw, and then the owner is told so that its save button can show the change.
 class RrDrawView : public QWidget
 {
     Q_OBJECT
@@ -37,6 +37,8 @@ public:
     void refresh();
 
     QLabel* drawtype_label() const { return m_drawtype; }
+    // One row per player: number, player, country, ar, frn, psex.
+    QTableWidget* players() const { return m_players; }
     QTableWidget* grid() const { return m_grid; }
     QTableWidget* match_list() const { return m_matches; }
     QTableWidget* standings() const { return m_standings; }
@@ -66,6 +68,7 @@ private:
     void cell_double_clicked(int row, int column);
     void cell_changed(QTableWidgetItem* item);
     void changed();
+    void fill_players();
     void fill_grid();
     void fill_matches();
     void fill_standings();
@@ -78,6 +81,7 @@ private:
 
     QLabel* m_drawtype;
     QPushButton* m_screenscrape;
+    QTableWidget* m_players;
     QTableWidget* m_grid;
     QTableWidget* m_matches;
     QTableWidget* m_standings;

@@ -106,31 +106,40 @@ struct RefusalCase
 {
     int players;
     int reserves;
-    std::string message; // empty: the draw is made
+    bool all_draws;
+    bool made;
+    std::string message;
 };
 
 TEST_F(RrDrawTest, GroupsOutsideTwoToEightAreRefused)
 {
+    const std::string wrong_size = "round robin format is for 2-8 players,edit in draw config";
     const RefusalCase cases[] = {
-        { 0, 0, "no players" },
-        { 0, 3, "no players" },
-        { 1, 0, "round robin format is for 2-8 players,edit in draw config" },
-        { 9, 0, "round robin format is for 2-8 players,edit in draw config" },
-        { 8, 3, "" },
+        { 0, 0, false, false, "no players" },
+        { 0, 3, false, false, "no players" },
+        { 1, 0, false, false, wrong_size },
+        { 9, 0, false, false, wrong_size },
+        { 8, 3, false, true, "" },
+        // "do all draws" passes over an empty event in silence, but not over a group of the wrong size.
+        { 0, 0, true, false, "" },
+        { 1, 0, true, false, wrong_size },
+        { 9, 0, true, false, wrong_size },
     };
     std::int64_t eid = 1;
     for (const auto& c : cases) {
-        SCOPED_TRACE(std::to_string(c.players) + " players, " + std::to_string(c.reserves) + " reserves");
+        SCOPED_TRACE(std::to_string(c.players) + " players, " + std::to_string(c.reserves) + " reserves"
+            + (c.all_draws ? ", all draws" : ""));
         db->run("insert into events (eid, eventname, drawtype, pts) values (?, 'e', 'rr', 2)", eid);
         for (int k = 0; k < c.players + c.reserves; ++k)
             db->run("insert into evententries (eid, player, playerfname, reserve) values (?, ?, ?, ?)", eid,
                 "n" + std::to_string(k), "n" + std::to_string(k), k >= c.players);
         DrawState state;
         load_event_state(*db, eid, state);
+        state.all_draws = c.all_draws;
         rr.players.push_back({}); // left from an earlier draw
         talk.clear();
         const bool made = RR_do_draw(session, state, rr);
-        EXPECT_EQ(made, c.message.empty());
+        EXPECT_EQ(made, c.made);
         EXPECT_EQ(talk.last_message(), c.message);
         EXPECT_EQ(rr.size(), made ? c.players : 0);
         EXPECT_EQ(state.new_draw, made);

@@ -80,6 +80,37 @@ TEST_F(RrSavingTest, WorkGoesToTheShadowUntilTheSave)
     EXPECT_EQ(rr.match(2).points2, "1");
 }
 
+TEST_F(RrSavingTest, ChangedLooksAtTheResultColumnsOnly)
+{
+    saved_draw(3, lettered(3));
+    const std::pair<const char*, bool> columns[] = {
+        { "matchscore", true },
+        { "matchlongscore", true },
+        { "points1", true },
+        { "points2", true },
+        { "mwttt", true },
+        { "mwfrn", true },
+        { "mwtag", true },
+        // The sides are not results: a difference there marks nothing.
+        { "mtttt", false },
+        { "mbfrn", false },
+        { "mttag", false },
+        { "mt_country", false },
+        { "p1", false },
+    };
+    for (const auto& [column, marks] : columns) {
+        SCOPED_TRACE(column);
+        const std::string live(column);
+        db->run(R"(update schedule set changed = 1 where eid = 1 and "match" = 1)");
+        db->run("update schedule set i" + live + R"( = 'other' where eid = 1 and "match" = 2)");
+        RR_set_changed(*db, 1);
+        // The first statement clears every row of the event, so a stale mark does not survive.
+        EXPECT_EQ(cell("changed", 1), "0");
+        EXPECT_EQ(cell("changed", 2), marks ? "1" : "0");
+        db->run("update schedule set i" + live + " = " + live + R"( where eid = 1 and "match" = 2)");
+    }
+}
+
 TEST_F(RrSavingTest, AChangeUndoneByHandIsNoChange)
 {
     saved_draw(3, lettered(2));
@@ -174,6 +205,9 @@ TEST_F(RrSavingTest, StandingsByPointsWithTiesInTableOrder)
     EXPECT_EQ(rr.wins(1), 0);
     EXPECT_EQ(rr_points_text(4.5), "4.5");
     EXPECT_EQ(rr_points_text(4), "4");
+    // Sums of typed tenths show as typed, not with the binary remainder.
+    EXPECT_EQ(rr_points_text(0.1 + 0.2), "0.3");
+    EXPECT_EQ(rr_points_text(10.5), "10.5");
 }
 
 TEST_F(RrSavingTest, LoadingReadsTheDrawBack)

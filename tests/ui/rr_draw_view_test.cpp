@@ -65,11 +65,20 @@ protected:
 
 TEST_F(RrDrawViewTest, ANewDrawShowsItsGridMatchesAndStandings)
 {
-    add_event(2, lettered(3));
+    auto entries = lettered(3);
+    entries[0].country = "SWE";
+    entries[1].psex = "female";
+    add_event(2, entries);
     ASSERT_TRUE(RR_do_draw(session, draw, rr));
     open_view();
 
     EXPECT_EQ(view->drawtype_label()->text(), QStringLiteral("drawtype: rr-a win is a point,scores open"));
+    auto* players = view->players();
+    ASSERT_EQ(players->rowCount(), 3);
+    ASSERT_EQ(players->columnCount(), 6);
+    EXPECT_EQ(players->horizontalHeaderItem(4)->text(), QStringLiteral("frn"));
+    EXPECT_EQ(row_texts(players, 0), QStringList({ "1", "Player A", "SWE", "", "Player A", "m" }));
+    EXPECT_EQ(row_texts(players, 1), QStringList({ "2", "Player B", "", "", "Player B", "f" }));
     auto* grid = view->grid();
     ASSERT_EQ(grid->rowCount(), 3);
     ASSERT_EQ(grid->columnCount(), 5);
@@ -321,6 +330,8 @@ TEST_F(RrDrawAreaTest, ARoundRobinIsDrawnPlayedSavedRolledBackAndLeft)
     // Opened again, a saved round robin shows its results.
     ASSERT_TRUE(area->choose_event(2));
     ASSERT_TRUE(view().isVisible());
+    ASSERT_EQ(view().players()->rowCount(), 5);
+    EXPECT_EQ(view().players()->item(4, 1)->text().toStdString(), name(2, "Eyre"));
     EXPECT_EQ(cell_of(1, RrColumn::bottom)->text(),
         QString::fromStdString(area->round_robin().match(1).bottom_names.frn + "*"));
     EXPECT_EQ(view().standings()->item(0, 2)->text(), QStringLiteral("1"));
