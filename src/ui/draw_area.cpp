@@ -314,6 +314,9 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     setObjectName(QStringLiteral("draw"));
     m_events->setObjectName(QStringLiteral("draw_events"));
     m_filter_tag->setWordWrap(true);
+    // A wrapped label in the narrow side column gets no height for its width: room for the filter's four lines.
+    m_filter_tag->setMinimumHeight(4 * m_filter_tag->fontMetrics().lineSpacing());
+    m_filter_tag->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_heading->setObjectName(QStringLiteral("draw_heading"));
     QFont heading_font = m_heading->font();
     heading_font.setBold(true);
