@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <tuple>
+
 namespace qv {
 
 namespace {
@@ -100,13 +102,14 @@ TournamentArea::TournamentArea(Session& session, QWidget* parent)
     auto* side = new QVBoxLayout;
     side->addWidget(m_refresh);
     side->addWidget(m_restart);
-    const std::pair<const char*, QListWidget*> op_lists[] = { { "tournament", m_tournament_ops },
-        { "events", m_events_ops }, { "players", m_players_ops }, { "event", m_event_ops } };
-    for (const auto& [caption, list] : op_lists) {
+    // The longer lists of operations get the more room.
+    const std::tuple<const char*, QListWidget*, int> op_lists[] = { { "tournament", m_tournament_ops, 2 },
+        { "events", m_events_ops, 4 }, { "players", m_players_ops, 4 }, { "event", m_event_ops, 1 } };
+    for (const auto& [caption, list, stretch] : op_lists) {
         auto* box = new QGroupBox(QString::fromLatin1(caption), this);
         auto* column = new QVBoxLayout(box);
         column->addWidget(list);
-        side->addWidget(box, 1);
+        side->addWidget(box, stretch);
         connect(list, &QListWidget::itemClicked, this, &TournamentArea::run_operation);
     }
     // Each line opens a window; the windows register their lines as they come.
