@@ -57,6 +57,7 @@ int remove_raw_rows(Session& session, std::int64_t eid, const std::vector<std::i
             removed += db.run("delete from rawdoublesentries where rdidx=? and eid=?", id, eid);
         transaction.commit();
     }
+    session.talk().message(removed > 0 ? std::to_string(removed) + " entries deleted" : "no entries deleted");
     return removed;
 }
 

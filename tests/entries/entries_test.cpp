@@ -119,10 +119,17 @@ TEST_F(RemoveEntriesTest, RawRowsGoByTheirIdWithinTheEvent)
 
     talk.answers.push_back(Answer::Yes);
     EXPECT_EQ(remove_entries(session, 2, EntryList::raw_doubles, { 1, 2, 4 }), 2);
+    EXPECT_EQ(talk.last_message(), "2 entries deleted");
     EXPECT_EQ(ids("rawdoublesentries", "rdidx"), "3,4");
     // The resolved teams are not the raw list's business.
     EXPECT_EQ(ids("evententries", "ent_idx"), "1,2,3,4,5,6");
     EXPECT_EQ(refreshes(), 1);
+
+    // Only another event's row: nothing goes, and the count says so.
+    talk.answers.push_back(Answer::Yes);
+    EXPECT_EQ(remove_entries(session, 2, EntryList::raw_doubles, { 4 }), 0);
+    EXPECT_EQ(talk.last_message(), "no entries deleted");
+    EXPECT_EQ(ids("rawdoublesentries", "rdidx"), "3,4");
 }
 
 } // namespace
