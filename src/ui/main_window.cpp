@@ -2,6 +2,7 @@
 
 #include "core/links.h"
 #include "core/session.h"
+#include "ui/area_page.h"
 #include "ui/colors.h"
 #include "ui/control_panel.h"
 #include "ui/draw_area.h"
@@ -87,8 +88,11 @@ MainWindow::MainWindow(const std::filesystem::path& app_dir, UserTalk* talk, QWi
         } else if (area == Area::draw) {
             m_draw = new DrawArea(*m_session, m_stack);
             page = m_draw;
+        } else if (auto* area_page = make_area_page(area, *m_session, *this, m_stack)) {
+            m_area_pages[index(area)] = area_page;
+            page = area_page;
         } else {
-            // The windows of these areas come with their own work; until then the page shows its title.
+            // An area whose window has not come shows its title.
             auto* title = new QLabel(qs(area_caption(area)), m_stack);
             title->setAlignment(Qt::AlignCenter);
             title->setObjectName(qs(area_name(area)));
@@ -242,11 +246,12 @@ QWidget* MainWindow::current_page() const
 void MainWindow::load_all_forms()
 {
     for (Area area : boot_order) {
-        // Only the tournament area reads the file yet; the others show their title until their windows come.
         if (area == Area::mainform)
             m_tournament->init();
         else if (area == Area::draw)
             m_draw->init();
+        else if (auto* page = m_area_pages[index(area)])
+            page->init();
     }
     update_title();
     emit formsLoaded();
@@ -259,6 +264,8 @@ void MainWindow::unload_all_forms()
             m_tournament->clear();
         else if (area == Area::draw)
             m_draw->clear();
+        else if (auto* page = m_area_pages[index(area)])
+            page->clear();
     }
     for (Area area : toolbar_order)
         paint_marker(area, regular_grey());
@@ -276,6 +283,9 @@ void MainWindow::refresh_lists(Lists which)
         m_draw->reload_events();
     if (which == Lists::players)
         refresh_players_windows();
+    for (auto* page : m_area_pages)
+        if (page)
+            page->refresh_lists(which);
 }
 
 void MainWindow::show_area(Area area, const Markers& markers)

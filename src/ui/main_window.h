@@ -17,6 +17,7 @@ class QToolButton;
 
 namespace qv {
 
+class AreaPage;
 class ControlPanel;
 class LinksWindow;
 class Session;
@@ -94,6 +95,8 @@ private:
     TournamentArea* m_tournament = nullptr;
     DrawArea* m_draw = nullptr;
     std::array<QWidget*, 8> m_pages {};
+    // The windows of the areas other than the tournament and draw areas, where they stand.
+    std::array<AreaPage*, 8> m_area_pages {};
     std::array<QToolButton*, 8> m_buttons {};
     std::array<QWidget*, 8> m_strips {};
     std::array<QColor, 8> m_marker_colors {};
