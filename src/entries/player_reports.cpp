@@ -2,11 +2,10 @@
 
 #include "core/database.h"
 #include "core/file_save.h"
+#include "core/number_text.h"
 #include "core/session.h"
 #include "core/utf8.h"
 
-#include <cmath>
-#include <cstdio>
 #include <set>
 
 namespace qv {
@@ -23,16 +22,6 @@ std::optional<std::filesystem::path> save(
     }
     on_file_save(session, file);
     return file;
-}
-
-// Money columns are real: whole amounts show without a point, as the sums were always shown.
-std::string number_text(double value)
-{
-    if (std::isfinite(value) && value == std::floor(value) && std::fabs(value) < 1e15)
-        return std::to_string(static_cast<long long>(value));
-    char buffer[32];
-    std::snprintf(buffer, sizeof buffer, "%.15g", value);
-    return buffer;
 }
 
 // Appends "<id>," to the evt_str of each named person once.
