@@ -1,20 +1,20 @@
 #include "ui/area_page.h"
+#include "ui/payments_area.h"
 
 namespace qv {
 
 // One case per area whose window stands; an area without one shows its title.
 AreaPage* make_area_page(Area area, Session& session, MainWindow& main, QWidget* parent)
 {
-    (void)session;
     (void)main;
-    (void)parent;
     switch (area) {
+    case Area::payments:
+        return new PaymentsArea(session, parent);
     case Area::schedule:
     case Area::assistant_new:
     case Area::idocuments:
     case Area::config_admin:
     case Area::prints:
-    case Area::payments:
     case Area::mainform:
     case Area::draw:
         break;
