@@ -367,22 +367,26 @@ void PaymentsArea::after_change(const std::vector<std::int64_t>& pids)
         loadpayments();
         return;
     }
-    for (auto pid : pids) {
-        const auto now = payment_line(m_session.tournament(), pid);
-        if (!now)
-            continue;
-        for (auto& line : m_payments.lines)
-            if (line.pid == pid)
-                line = *now;
-        for (int row = 0; row < m_list->topLevelItemCount(); ++row) {
-            auto* item = m_list->topLevelItem(row);
-            if (item->data(0, pid_role).toLongLong() == pid)
-                fill_item(item, *now);
-        }
-    }
+    for (auto pid : pids)
+        quick_fix_list1_single(pid);
     m_payments.totals = totals_of(m_payments.lines);
     show_totals();
     show_details();
+}
+
+void PaymentsArea::quick_fix_list1_single(std::int64_t pid)
+{
+    const auto now = payment_line(m_session.tournament(), pid);
+    if (!now)
+        return;
+    for (auto& line : m_payments.lines)
+        if (line.pid == pid)
+            line = *now;
+    for (int row = 0; row < m_list->topLevelItemCount(); ++row) {
+        auto* item = m_list->topLevelItem(row);
+        if (item->data(0, pid_role).toLongLong() == pid)
+            fill_item(item, *now);
+    }
 }
 
 bool PaymentsArea::save_payment()

@@ -71,6 +71,8 @@ private:
     // After a payment, "pif" or "snp": with hold refresh on, only the lines of these pids are written again;
     // otherwise the whole list is read again.
     void after_change(const std::vector<std::int64_t>& pids);
+    // Writes one person's line again from the table; the line stays where it is.
+    void quick_fix_list1_single(std::int64_t pid);
     void show_totals();
     void show_details();
     std::vector<std::string> list_text() const;
