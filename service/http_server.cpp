@@ -10,6 +10,8 @@ HttpServer::HttpServer(Service& service, const std::filesystem::path& log_file)
     : m_service(service)
     , m_server(std::make_unique<httplib::Server>())
 {
+    // Small replies go out at once rather than waiting for the client's acknowledgement.
+    m_server->set_tcp_nodelay(true);
     if (!log_file.empty())
         m_log.open(log_file, std::ios::app | std::ios::binary);
     m_server->Get(".*", [this](const httplib::Request& request, httplib::Response& response) {

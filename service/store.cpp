@@ -111,6 +111,8 @@ create index if not exists entries_custid on entries (custid, pid, eid);
 Store::Store(const std::filesystem::path& file)
     : m_db(Database::create_empty(file))
 {
+    // One process owns the file; a write-ahead log spares each request a wait for the disk.
+    m_db.exec_script("pragma journal_mode=wal; pragma synchronous=normal;");
     m_db.exec_script(schema);
 }
 
