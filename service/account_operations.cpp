@@ -38,22 +38,12 @@ Reply update_account_email(Context& c)
     return good_reply();
 }
 
-bool alphanumeric(std::string_view text)
-{
-    for (char c : text) {
-        const bool ok = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-        if (!ok)
-            return false;
-    }
-    return !text.empty();
-}
-
 Reply changepassword(Context& c)
 {
     const auto password = c.key("newpwd");
     if (!password)
         return missing_key("newpwd");
-    if (!alphanumeric(*password))
+    if (!is_alphanumeric(*password))
         return protocol_reply("invalid password, alphanumeric only");
     c.store.db().run("update accounts set password=? where custid=?", *password, c.custid);
     return good_reply();

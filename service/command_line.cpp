@@ -4,34 +4,10 @@
 
 namespace qv::service {
 
-namespace {
-
-std::vector<std::string> split_colons(std::string_view text)
-{
-    std::vector<std::string> parts;
-    std::size_t start = 0;
-    for (auto at = text.find(':'); at != std::string_view::npos; at = text.find(':', start)) {
-        parts.emplace_back(text.substr(start, at - start));
-        start = at + 1;
-    }
-    parts.emplace_back(text.substr(start));
-    return parts;
-}
-
-bool alphanumeric(std::string_view text)
-{
-    for (char c : text)
-        if (!((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')))
-            return false;
-    return !text.empty();
-}
-
-} // namespace
-
 std::optional<Account> parse_account(std::string_view text)
 {
-    const auto parts = split_colons(text);
-    if (parts.size() < 2 || parts.size() > 4 || !alphanumeric(parts[0]) || !alphanumeric(parts[1]))
+    const auto parts = split(text, ':');
+    if (parts.size() < 2 || parts.size() > 4 || !is_alphanumeric(parts[0]) || !is_alphanumeric(parts[1]))
         return std::nullopt;
     Account account { parts[0], parts[1] };
     if (parts.size() > 2) {
@@ -49,7 +25,7 @@ std::optional<Account> parse_account(std::string_view text)
 
 std::optional<FtpConfig> parse_ftp(std::string_view text)
 {
-    const auto parts = split_colons(text);
+    const auto parts = split(text, ':');
     if (parts.size() < 6 || parts[0].empty() || !is_whole_number(parts.back()))
         return std::nullopt;
     if (!parts[1].empty() && !is_whole_number(parts[1]))

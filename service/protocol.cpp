@@ -1,5 +1,7 @@
 #include "protocol.h"
 
+#include "core/validators.h"
+
 namespace qv::service {
 
 Reply protocol_reply(std::string_view error, std::string_view data)
@@ -37,6 +39,23 @@ bool is_whole_number(std::string_view text)
         if (c < '0' || c > '9')
             return false;
     return true;
+}
+
+bool is_alphanumeric(std::string_view text)
+{
+    return !text.empty() && !check_class(text, ValueClass::alphanumeric);
+}
+
+std::vector<std::string> split(std::string_view text, char separator)
+{
+    std::vector<std::string> parts;
+    std::size_t start = 0;
+    for (auto at = text.find(separator); at != std::string_view::npos; at = text.find(separator, start)) {
+        parts.emplace_back(text.substr(start, at - start));
+        start = at + 1;
+    }
+    parts.emplace_back(text.substr(start));
+    return parts;
 }
 
 } // namespace qv::service

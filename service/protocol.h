@@ -69,7 +69,11 @@ std::vector<Operation> event_operations();
 std::vector<Operation> page_operations();
 std::vector<Operation> entry_form_operations();
 
-// Digits only, at least one.
+// Digits only, at least one, and few enough for a 32-bit number.
 bool is_whole_number(std::string_view text);
+// Letters and digits only, at least one: account ids and passwords.
+bool is_alphanumeric(std::string_view text);
+// The parts of a text between separators; n separators give n + 1 parts.
+std::vector<std::string> split(std::string_view text, char separator);
 
 } // namespace qv::service

@@ -8,18 +8,6 @@ namespace qv::service {
 
 namespace {
 
-std::vector<std::string> split(std::string_view text, char separator)
-{
-    std::vector<std::string> parts;
-    std::size_t start = 0;
-    for (std::size_t at = text.find(separator); at != std::string_view::npos; at = text.find(separator, start)) {
-        parts.emplace_back(text.substr(start, at - start));
-        start = at + 1;
-    }
-    parts.emplace_back(text.substr(start));
-    return parts;
-}
-
 std::optional<OnlineEvent> parse_event(std::string_view record)
 {
     auto fields = split(record, ',');

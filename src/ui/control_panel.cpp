@@ -8,16 +8,14 @@
 #include "ui/options_tab.h"
 #include "ui/qt_text.h"
 #include "ui/refusal_selection.h"
+#include "ui/tabbed_window.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QKeySequence>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTabWidget>
-#include <QVBoxLayout>
 
 namespace qv {
 
@@ -47,15 +45,7 @@ ControlPanel::ControlPanel(Session& session, QWidget* parent)
     m_tabs->addTab(m_feedback, QStringLiteral("feedback"));
     m_tabs->addTab(m_addresses, QStringLiteral("addresses"));
 
-    auto* close_button = new QPushButton(QStringLiteral("close"), this);
-    connect(close_button, &QPushButton::clicked, this, &QWidget::close);
-    connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, &QWidget::close);
-    auto* bottom = new QHBoxLayout;
-    bottom->addStretch();
-    bottom->addWidget(close_button);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_tabs);
-    layout->addLayout(bottom);
+    lay_out_tabbed_window(this, m_tabs);
     resize(760, 480);
 }
 

@@ -5,6 +5,7 @@
 #include "online/request_url.h"
 #include "ui/qt_text.h"
 #include "ui/refusal_selection.h"
+#include "ui/tabbed_window.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -12,12 +13,10 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeySequence>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QUrl>
@@ -69,15 +68,7 @@ TournamentConfigWindow::TournamentConfigWindow(Session& session, QWidget* parent
     m_tabs->addTab(limits_page(), QStringLiteral("maximum events"));
     m_tabs->addTab(emails_page(), QStringLiteral("recovery emails"));
 
-    auto* close_button = new QPushButton(QStringLiteral("close"), this);
-    connect(close_button, &QPushButton::clicked, this, &QWidget::close);
-    connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, &QWidget::close);
-    auto* bottom = new QHBoxLayout;
-    bottom->addStretch();
-    bottom->addWidget(close_button);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_tabs);
-    layout->addLayout(bottom);
+    lay_out_tabbed_window(this, m_tabs);
     resize(1020, 540);
     load();
 }
