@@ -42,6 +42,11 @@ bool HttpServer::run()
     return m_server->listen_after_bind();
 }
 
+bool HttpServer::is_running() const
+{
+    return m_server->is_running();
+}
+
 void HttpServer::stop()
 {
     m_server->stop();

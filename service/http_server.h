@@ -30,6 +30,7 @@ public:
     int bind(int port);
     // Serves until stop(); returns false when serving could not start.
     bool run();
+    bool is_running() const;
     void stop();
 
 private:

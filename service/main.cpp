@@ -6,6 +6,8 @@
 #include "service.h"
 #include "store.h"
 
+#include <atomic>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <iostream>
@@ -49,16 +51,23 @@ int main(int argc, char* argv[])
         }
         std::cout << "listening on http://127.0.0.1:" << port << HttpServer::end_point << std::endl;
 
+        // A stop asked for before the server runs waits until it does, or until serving has failed.
+        std::atomic<bool> finished = false;
         std::thread waiter([&] {
             int signal = 0;
             sigwait(&stop_signals, &signal);
-            server.stop();
+            while (!finished) {
+                if (server.is_running()) {
+                    server.stop();
+                    return;
+                }
+                std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            }
         });
         const bool served = server.run();
-        if (!served) {
-            // The waiter still blocks on the signals; send it one so the process can end.
+        finished = true;
+        if (!served) // the waiter may still wait for a signal: give it one
             pthread_kill(waiter.native_handle(), SIGTERM);
-        }
         waiter.join();
         return served ? 0 : 1;
     } catch (const qv::DbError& error) {
