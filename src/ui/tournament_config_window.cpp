@@ -63,9 +63,13 @@ TournamentConfigWindow::TournamentConfigWindow(Session& session, QWidget* parent
     setWindowTitle(QStringLiteral("tournament configuration"));
 
     m_tabs->addTab(details_page(), QStringLiteral("details"));
-    for (auto which : tournament_texts())
-        m_tabs->addTab(text_page(which), qs(text_info(which).caption));
-    m_tabs->addTab(limits_page(), QStringLiteral("maximum events"));
+    for (auto which : tournament_texts()) {
+        // The tabs are named short enough for all of them to show side by side.
+        const auto caption
+            = which == TournamentText::conditions ? std::string("conditions") : std::string(text_info(which).caption);
+        m_tabs->addTab(text_page(which), qs(caption));
+    }
+    m_tabs->addTab(limits_page(), QStringLiteral("max events"));
     m_tabs->addTab(emails_page(), QStringLiteral("recovery emails"));
 
     lay_out_tabbed_window(this, m_tabs);

@@ -1,4 +1,7 @@
+#include "core/database.h"
+#include "online/accounts.h"
 #include "online/service_operations.h"
+#include "online/tournament_details.h"
 #include "online_fixture.h"
 #include "plain_http_server.h"
 
@@ -229,24 +232,38 @@ TEST_F(ServiceClientTest, HavecustidpwdNamesTheFirstMissingValue)
     EXPECT_EQ(talk.last_message(), "no default account set,update in control panel");
 }
 
-TEST_F(ServiceClientTest, EachFailureGivesItsMessage)
+TEST_F(ServiceClientTest, EachFailureGivesItsMessageAndChangesNoLocalTable)
 {
-    const std::string closed = "http://127.0.0.1:" + std::to_string(test::closed_port()) + "/qv";
-    set_default_account(closed, "club7", "pw1");
-    auto to_closed = client();
-    EXPECT_FALSE(getstateentrieswithdrawals(to_closed));
-    EXPECT_EQ(talk.last_message(), "webserver@ " + closed + " not responding");
-
     test::PlainHttpServer other(test::PlainHttpServer::html_page());
-    set_default_account(other.server(), "club7", "pw1");
-    auto to_other = client();
-    EXPECT_FALSE(getstateentrieswithdrawals(to_other));
-    EXPECT_EQ(talk.last_message(), "servlet@ " + other.server() + " not responding");
-
-    set_default_account(service->server(), "nobody", "pw1");
-    auto unknown = client();
-    EXPECT_FALSE(getstateentrieswithdrawals(unknown));
-    EXPECT_EQ(talk.last_message(), "server response: unknown account");
+    const std::string closed = "http://127.0.0.1:" + std::to_string(test::closed_port()) + "/qv";
+    struct Case
+    {
+        std::string server, password, message;
+    };
+    const Case cases[] = {
+        { closed, "pw1", "webserver@ " + closed + " not responding" },
+        { other.server(), "pw1", "servlet@ " + other.server() + " not responding" },
+        { service->server(), "wrong", "server response: wrong password" },
+    };
+    auto& init = session.init_db();
+    init.run("insert into acct_online_tournament (custid, entries_withdrawals, maxevents) values ('club7', "
+             "'open^closed', 4)");
+    const auto account = controlpanel_addaccount(session, service->server(), "club7", "pw1").idx;
+    ASSERT_TRUE(account);
+    for (const auto& c : cases) {
+        set_default_account(c.server, "club7", c.password);
+        init.run("update acct_accountdata set servlet=?, password=?", c.server, c.password);
+        std::optional<FieldRefusal> refused;
+        EXPECT_FALSE(save_max_events_online(session, { "9", "1", "1", "1" }, refused));
+        EXPECT_EQ(talk.last_message(), c.message);
+        EXPECT_FALSE(get_online_maxevents_stuff(session));
+        EXPECT_EQ(talk.last_message(), c.message);
+        EXPECT_FALSE(refresh_account_data(session, *account));
+        EXPECT_EQ(talk.last_message(), c.message);
+        EXPECT_EQ(
+            init.scalar_text("select maxevents || entries_withdrawals from acct_online_tournament"), "4open^closed");
+        EXPECT_EQ(find_account(init, *account)->last_refresh, "");
+    }
 }
 
 TEST_F(ServiceClientTest, AReplyThatBreaksOffLeavesNoFile)

@@ -121,6 +121,8 @@ TEST_F(OnlineWindowsTest, AnAccountOnTheLocalServiceBecomesDefaultAndRefreshes)
     panel->grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/control_panel_accounts.png"));
     panel->tabs()->setCurrentIndex(2);
     panel->grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/control_panel_options.png"));
+    panel->tabs()->setCurrentIndex(5);
+    panel->grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/control_panel_addresses.png"));
     panel->close();
 }
 
@@ -176,6 +178,8 @@ TEST_F(OnlineWindowsTest, TournamentDetailsAreUploadedAndViewed)
     EXPECT_EQ(config->online_limit_box(0)->text(), QStringLiteral("3"));
     EXPECT_EQ(config->online_limit_box(1)->text(), QStringLiteral("0"));
 
+    config->tabs()->setCurrentIndex(6);
+    config->grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/tournament_configuration_limits.png"));
     config->tabs()->setCurrentIndex(1);
     config->grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/tournament_configuration.png"));
     config->tabs()->setCurrentIndex(0);
