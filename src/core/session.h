@@ -61,6 +61,10 @@ public:
     UserTalk& talk() { return m_talk; }
     const AppDirs& dirs() const { return m_dirs; }
     StampCounter& stamps() { return m_stamps; }
+    // The online requests' counter: it starts at zero with the program and is never reset or saved.
+    StampCounter& request_sequences() { return m_request_sequences; }
+    // The busy pointer around a request or another long step.
+    void busy(bool on) { m_host.busy(on); }
 
     const std::string& current_file_path() const { return m_current_file_path; }
     const std::string& current_file_name() const { return m_current_file_name; }
@@ -95,6 +99,7 @@ private:
     InstanceLock m_lock;
     Settings m_settings;
     StampCounter m_stamps;
+    StampCounter m_request_sequences;
 
     Database m_init;
     Database m_peek_browse;

@@ -1,49 +1,79 @@
 #include "ui/control_panel.h"
 
 #include "core/session.h"
+#include "ui/accounts_tab.h"
+#include "ui/addresses_tab.h"
+#include "ui/colours_tab.h"
+#include "ui/feedback_tab.h"
+#include "ui/options_tab.h"
 #include "ui/qt_text.h"
+#include "ui/refusal_selection.h"
+#include "ui/tabbed_window.h"
 
 #include <QFormLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QVBoxLayout>
+#include <QTabWidget>
 
 namespace qv {
 
 ControlPanel::ControlPanel(Session& session, QWidget* parent)
     : QWidget(parent, Qt::Window)
     , m_session(session)
-    , m_sports(new QListWidget(this))
-    , m_save(new QPushButton(QStringLiteral("save"), this))
+    , m_tabs(new QTabWidget(this))
+    , m_accounts(new AccountsTab(session, this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("control_panel"));
     setWindowTitle(QStringLiteral("control panel"));
 
+    const AccountForRequest account
+        = [this](std::string_view message) { return m_accounts->checked_for_request(message); };
+    m_options = new OptionsTab(session, this);
+    m_colours = new ColoursTab(session, this);
+    m_feedback = new FeedbackTab(session, account, this);
+    m_addresses = new AddressesTab(session, account, this);
+    connect(m_addresses, &AddressesTab::accountChanged, this,
+        [this] { m_accounts->reload(m_accounts->selected("select account on accounts tab")); });
+
+    m_tabs->addTab(m_accounts, QStringLiteral("accounts"));
+    m_tabs->addTab(sports_page(), QStringLiteral("sports words"));
+    m_tabs->addTab(m_options, QStringLiteral("options"));
+    m_tabs->addTab(m_colours, QStringLiteral("colours"));
+    m_tabs->addTab(m_feedback, QStringLiteral("feedback"));
+    m_tabs->addTab(m_addresses, QStringLiteral("addresses"));
+
+    lay_out_tabbed_window(this, m_tabs);
+    resize(760, 480);
+}
+
+QWidget* ControlPanel::sports_page()
+{
+    auto* page = new QWidget(this);
+    m_sports = new QListWidget(page);
+    m_save = new QPushButton(QStringLiteral("save"), page);
     for (const auto& sport : set_up_sport())
         m_sports->addItem(qs(sport.name));
 
     static const std::array<const char*, 6> labels { "court", "short", "plural", "match", "short", "plural" };
     auto* form = new QFormLayout;
     for (std::size_t i = 0; i < m_words.size(); ++i) {
-        m_words[i] = new QLineEdit(this);
+        m_words[i] = new QLineEdit(page);
         form->addRow(QString::fromLatin1(labels[i]), m_words[i]);
+        connect(m_words[i], &QLineEdit::returnPressed, this, &ControlPanel::save);
     }
     form->addRow(QString(), m_save);
 
-    auto* group = new QGroupBox(QStringLiteral("sport"), this);
-    auto* inner = new QHBoxLayout(group);
-    inner->addWidget(m_sports);
-    inner->addLayout(form);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(group);
+    auto* layout = new QHBoxLayout(page);
+    layout->addWidget(m_sports);
+    layout->addLayout(form);
 
     show_words(current_sport_words(m_session));
     connect(m_sports, &QListWidget::currentRowChanged, this, &ControlPanel::choose_sport);
     connect(m_save, &QPushButton::clicked, this, &ControlPanel::save);
+    return page;
 }
 
 SportWords ControlPanel::words() const
@@ -71,16 +101,8 @@ void ControlPanel::save()
     const SportWords typed = words();
     const SaveWords result = save_sport_words(m_session, typed);
     if (result == SaveWords::refused) {
-        if (const auto refusal = validate_sport_words(typed)) {
-            QLineEdit* box = m_words.at(static_cast<std::size_t>(refusal->field));
-            box->setFocus();
-            if (refusal->refusal.position < 0)
-                box->selectAll();
-            else
-                box->setSelection(utf16_offset(box->text(), refusal->refusal.position),
-                    utf16_offset(box->text(), refusal->refusal.position + 1)
-                        - utf16_offset(box->text(), refusal->refusal.position));
-        }
+        if (const auto refusal = validate_sport_words(typed))
+            select_refusal(m_words.at(static_cast<std::size_t>(refusal->field)), refusal->refusal);
         return;
     }
     // The restart carries the new words everywhere; this panel must not outlive it.

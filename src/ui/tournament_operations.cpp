@@ -10,9 +10,12 @@
 #include "ui/qt_text.h"
 #include "ui/seeding_patterns_window.h"
 #include "ui/tournament_area.h"
+#include "ui/tournament_config_window.h"
 
 #include <QInputDialog>
 #include <QListWidget>
+
+#include <algorithm>
 
 namespace qv {
 
@@ -102,6 +105,36 @@ void register_players(TournamentArea& area, Session& session)
         [&area, &session] { search_operation(session, area.entries()); });
 }
 
+// The tournament list keeps its order whichever window registered its line first.
+void keep_tournament_order(QListWidget* list)
+{
+    static const QStringList order { "add results", "imports/exports", "save qv4 file", "export entries (brief)",
+        "export entries (expanded)", "tournament", "set dates/", "clear data" };
+    const auto rank = [](const QString& caption) {
+        for (int i = 0; i < order.size(); ++i)
+            if (caption == order[i] || (order[i].endsWith(QLatin1Char('/')) && caption.startsWith(order[i])))
+                return i;
+        return static_cast<int>(order.size());
+    };
+    QList<QListWidgetItem*> items;
+    while (list->count() > 0)
+        items << list->takeItem(0);
+    std::stable_sort(items.begin(), items.end(),
+        [&rank](QListWidgetItem* a, QListWidgetItem* b) { return rank(a->text()) < rank(b->text()); });
+    for (auto* item : items)
+        list->addItem(item);
+}
+
+void register_tournament(TournamentArea& area, Session& session)
+{
+    auto* parent = area.window();
+    area.add_operation(OperationList::tournament, QStringLiteral("tournament"), [&session, parent] {
+        if (session.has_tournament())
+            show_window(new TournamentConfigWindow(session, parent));
+    });
+    keep_tournament_order(area.operations(OperationList::tournament));
+}
+
 } // namespace
 
 bool search_list(QListWidget* list, const QString& text)
@@ -114,6 +147,7 @@ bool search_list(QListWidget* list, const QString& text)
 
 void register_tournament_operations(TournamentArea& area, Session& session, TournamentOperationHooks hooks)
 {
+    register_tournament(area, session);
     register_events(area, session, hooks);
     register_players(area, session);
 }
