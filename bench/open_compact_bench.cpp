@@ -1,5 +1,6 @@
 // Opening a tournament compacts it and empties its scratch tables; this measures that on a busy file
 // (2,000 players, 5,000 match rows) and compaction on its own.
+#include "core/compaction.h"
 #include "core/database.h"
 #include "core/session.h"
 

@@ -1,5 +1,6 @@
 #include "core/session.h"
 
+#include "core/compaction.h"
 #include "core/os_variables.h"
 #include "core/scratch_tables.h"
 #include "core/text_rules.h"

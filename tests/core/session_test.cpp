@@ -1,3 +1,4 @@
+#include "core/compaction.h"
 #include "core/instance_lock.h"
 #include "core/session.h"
 #include "support/fake_host.h"
