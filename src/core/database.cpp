@@ -1,5 +1,7 @@
 #include "core/database.h"
 
+#include "core/sql_functions.h"
+
 #include <sqlite3.h>
 
 namespace qv {
@@ -164,6 +166,7 @@ Database::Database(const std::filesystem::path& file, int flags)
     }
     sqlite3_busy_timeout(m_db, 2000);
     sqlite3_extended_result_codes(m_db, 1);
+    register_sql_functions(m_db);
     // A file that is not a database is found out here rather than at the first statement of an operation.
     try {
         exec_script("select count(*) from sqlite_master");
