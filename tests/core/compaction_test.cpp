@@ -82,6 +82,27 @@ TEST(Compaction, ALinkStaysALinkAndTheRealFileIsCompacted)
     EXPECT_TRUE(temp_files(dir.path() / "real").empty()) << "the temporary file lies beside the real file";
 }
 
+TEST(Compaction, ATournamentOpenedThroughALinkKeepsTakingChanges)
+{
+    test::TempAppDir dir;
+    test::ScriptedTalk talk;
+    test::FakeHost host;
+    Session session(dir.path(), talk, host);
+    const auto real = dir.new_tournament("real.qvd");
+    const auto link = dir.path() / "link.qvd";
+    fs::create_symlink(real, link);
+
+    session.boot_start_app(link.string());
+    session.tournament().run("insert into players (pid, player, fname) values (1, 'ann lee', 'Ann')");
+    ASSERT_TRUE(session.close_current_db());
+    session.opendb(link.string());
+    session.tournament().run("insert into players (pid, player, fname) values (2, 'bo kim', 'Bo')");
+    ASSERT_TRUE(session.close_current_db());
+
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(Database(real).row_count("players"), 2);
+}
+
 TEST(Compaction, ModeAndOwnerAreKept)
 {
     test::TempAppDir dir;

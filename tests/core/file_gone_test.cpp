@@ -91,6 +91,20 @@ TEST_F(FileGoneTest, SaveAsPutsTheTournamentSomewhereSafeAndGoesOnThere)
     EXPECT_TRUE(host.ended);
 }
 
+TEST_F(FileGoneTest, ARestartOffersANewFileFirstAndReopensThat)
+{
+    const auto safe = dir.path() / "safe.qvd";
+    fs::remove(file);
+    talk.answers.push_back(Answer::Yes);
+    talk.files.push_back({ safe });
+
+    session.boot_restart_from_mainform();
+    host.run_deferred();
+
+    EXPECT_EQ(session.current_file_path(), safe.string());
+    EXPECT_EQ(session.tournament().row_count("players"), 1);
+}
+
 TEST_F(FileGoneTest, CloseAndExitAlwaysSucceed)
 {
     for (const auto& [way, make_gone] : ways) {
