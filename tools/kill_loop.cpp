@@ -145,6 +145,9 @@ void run_all_draws(const fs::path& app, const fs::path& file, int ready_fd)
         [[maybe_unused]] auto n = write(ready_fd, "r", 1);
     }
     qv::do_all_draws(session, open, random, hooks, steps);
+    if (ready_fd >= 0) {
+        [[maybe_unused]] auto n = write(ready_fd, "d", 1);
+    }
     session.exit_app();
 }
 
@@ -154,9 +157,13 @@ void run_compaction(const fs::path& file, int ready_fd)
         [[maybe_unused]] auto n = write(ready_fd, "r", 1);
     }
     qv::compact_file(file);
+    if (ready_fd >= 0) {
+        [[maybe_unused]] auto n = write(ready_fd, "d", 1);
+    }
 }
 
-// Runs the work in a child; with a delay, kills it that long after it said it was starting. The time it ran.
+// Runs the work in a child; with a delay, kills it that long after it said it was starting. The time from its
+// start to its end, as the child says them.
 double in_child(const std::function<void(int)>& work, std::optional<std::chrono::microseconds> kill_after)
 {
     int ready[2];
@@ -171,15 +178,18 @@ double in_child(const std::function<void(int)>& work, std::optional<std::chrono:
     close(ready[1]);
     char c = 0;
     [[maybe_unused]] auto n = read(ready[0], &c, 1);
-    close(ready[0]);
     const auto start = Clock::now();
     if (kill_after) {
         std::this_thread::sleep_for(*kill_after);
         kill(child, SIGKILL);
+    } else {
+        n = read(ready[0], &c, 1);
     }
+    const auto end = Clock::now();
+    close(ready[0]);
     int status = 0;
     waitpid(child, &status, 0);
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+    return std::chrono::duration<double, std::milli>(end - start).count();
 }
 
 std::vector<fs::path> temp_files(const fs::path& dir)
@@ -200,8 +210,9 @@ struct Tally
 // What a kill left: the file checked by the engine, its rows against both ends, then opened as a director would.
 void judge(const fs::path& app, const fs::path& file, const Counts& before, const Counts& after, Tally& tally)
 {
-    for (const auto& temp : temp_files(file.parent_path())) {
-        ++tally.temps_left;
+    const auto left = temp_files(file.parent_path());
+    tally.temps_left += left.empty() ? 0 : 1;
+    for (const auto& temp : left) {
         std::error_code ec;
         tally.largest_temp = std::max(tally.largest_temp, fs::file_size(temp, ec));
     }

@@ -3,6 +3,7 @@
 #include "core/database.h"
 #include "core/utf8.h"
 
+#include <fcntl.h>
 #include <set>
 #include <sqlite3.h>
 #include <unistd.h>
@@ -90,9 +91,10 @@ WriteAccess write_access(const fs::path& file)
     std::error_code ec;
     const auto real = fs::canonical(file, ec);
     const auto& target = ec ? file : real;
-    if (::access(target.c_str(), W_OK) != 0)
+    // As this process may write: root may write a file whose mode says read only.
+    if (::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
         return WriteAccess::read_only_file;
-    if (::access(target.parent_path().c_str(), W_OK) != 0)
+    if (::faccessat(AT_FDCWD, target.parent_path().c_str(), W_OK, AT_EACCESS) != 0)
         return WriteAccess::read_only_folder;
     return WriteAccess::writable;
 }
