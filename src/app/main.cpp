@@ -1,4 +1,6 @@
 #include "core/app_dirs.h"
+#include "core/session.h"
+#include "ui/file_watch.h"
 #include "ui/main_window.h"
 #include "ui/start_up.h"
 
@@ -7,6 +9,8 @@
 #include <QStandardPaths>
 
 #include <exception>
+#include <functional>
+#include <string>
 
 namespace {
 
@@ -17,12 +21,16 @@ class QuorvelinApplication : public QApplication
 public:
     using QApplication::QApplication;
 
+    // The words the director reads for a fault: plain words where the session knows the cause.
+    std::function<std::string(const char*)> fault_text = [](const char* what) { return std::string(what); };
+
     bool notify(QObject* receiver, QEvent* event) override
     {
         try {
             return QApplication::notify(receiver, event);
         } catch (const std::exception& fault) {
-            QMessageBox::critical(nullptr, QStringLiteral("quorvelin"), QString::fromUtf8(fault.what()));
+            QMessageBox::critical(
+                nullptr, QStringLiteral("quorvelin"), QString::fromStdString(fault_text(fault.what())));
             return false;
         }
     }
@@ -41,6 +49,8 @@ int main(int argc, char* argv[])
 
     qv::MainWindow window(app_dir);
     window.resize(1100, 720);
+    app.fault_text = [&window](const char* what) { return window.session().fault_text(what); };
+    app.installEventFilter(new qv::FileWatch(window.session(), &window));
     QObject::connect(&window, &qv::MainWindow::processEnded, &app, &QCoreApplication::quit, Qt::QueuedConnection);
 
     auto* start_up = new qv::StartUp(window);

@@ -25,6 +25,16 @@ char to_byte(char32_t c)
 
 } // namespace
 
+bool cp1252_has(char32_t c)
+{
+    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF))
+        return true;
+    for (char32_t mapped : block_80)
+        if (mapped == c && c > 0x9F)
+            return true;
+    return false;
+}
+
 std::string to_cp1252(std::string_view utf8)
 {
     std::string out;

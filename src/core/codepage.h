@@ -11,4 +11,7 @@ namespace qv {
 std::string to_cp1252(std::string_view utf8);
 std::string from_cp1252(std::string_view bytes);
 
+// True when the character has a byte of its own in Windows-1252 (the five undefined bytes count as none).
+bool cp1252_has(char32_t c);
+
 } // namespace qv

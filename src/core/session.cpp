@@ -1,5 +1,6 @@
 #include "core/session.h"
 
+#include "core/compaction.h"
 #include "core/os_variables.h"
 #include "core/scratch_tables.h"
 #include "core/text_rules.h"
@@ -13,6 +14,26 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* restart_marker = "boot_restart_app";
+constexpr const char* gone_title = "tournament file gone";
+
+std::string damaged(const std::string& path)
+{
+    return "tournament file is damaged,some of its pages cannot be read:" + path;
+}
+
+// A fault of the engine while a file is opened, in the director's words.
+std::string refusal_of(const DbError& fault, const std::string& path)
+{
+    switch (fault_of(fault)) {
+    case FileFault::in_use:
+        return "tournament file is in use by another program:" + path;
+    case FileFault::damaged:
+        return damaged(path);
+    case FileFault::other:
+        break;
+    }
+    return "not a tournament file:" + path;
+}
 
 // The file name without its directory.
 std::string extract_fn(const std::string& path)
@@ -38,10 +59,10 @@ Session::~Session()
     m_init.close();
 }
 
-void Session::compact(const fs::path& file) const
+void Session::compact(const fs::path& file, FileLock* lock) const
 {
     if (m_compact_on_close == 1)
-        compact_file(file);
+        compact_file(file, lock);
 }
 
 void Session::boot_start_app(const std::string& path)
@@ -56,6 +77,7 @@ void Session::boot_start_app(const std::string& path)
     set_qv_os_variables();
     m_dirs.check_directories_exist();
     m_dirs.clean_working();
+    remove_stale_temps(m_dirs.init_files);
     m_current_file_path.clear();
     open_side_databases();
     m_settings.load_disk_vars();
@@ -119,9 +141,13 @@ void Session::opendb(const std::string& path)
         m_talk.message("file not found:" + path);
         return;
     }
-    m_current_file_name = extract_fn(path);
-    if (!open_tournament_file(file))
+    if (auto refusal = open_tournament_file(file)) {
+        m_tournament.close();
+        m_file_lock.release();
+        m_talk.message(*refusal);
         return;
+    }
+    m_current_file_name = extract_fn(path);
     m_current_file_path = path;
     m_settings.set_disk_var("app.last_db_opened", path);
     repair_stored_filters(m_settings, m_tournament);
@@ -132,26 +158,54 @@ void Session::opendb(const std::string& path)
     load_all_forms();
 }
 
-bool Session::open_tournament_file(const fs::path& file)
+// A file that fails a check is refused before anything changes it: it stays as it was, byte for byte.
+std::optional<std::string> Session::open_tournament_file(const fs::path& file)
 {
-    // Every open is a compaction: empty the scratch tables, compact, open again.
+    const auto path = file.string();
+    if (auto refusal = claim_tournament_file(file))
+        return refusal;
     try {
         {
             Database db(file);
-            require_tournament_tables(db, m_dirs.blank_db());
+            if (!passes_quick_check(db))
+                return damaged(path);
+            if (auto missing = missing_schema(db, m_dirs.blank_db()))
+                return "not a tournament file," + *missing + ":" + path;
+            // Every open is a compaction: empty the scratch tables, compact, open again.
             Transaction transaction(db);
             empty_tables(db, tournament_scratch_tables());
             transaction.commit();
         }
-        compact(file);
+        compact(file, &m_file_lock);
         m_tournament = Database(file);
-    } catch (const DbError&) {
-        m_tournament.close();
-        m_current_file_name.clear();
-        m_talk.message("not a tournament file:" + file.string());
-        return false;
+    } catch (const DbError& fault) {
+        return refusal_of(fault, path);
     }
-    return true;
+    return std::nullopt;
+}
+
+std::optional<std::string> Session::claim_tournament_file(const fs::path& file)
+{
+    const auto path = file.string();
+    switch (write_access(file)) {
+    case WriteAccess::read_only_file:
+        return "tournament file is read only:" + path;
+    case WriteAccess::read_only_folder:
+        return "the folder of the tournament file is read only:" + path;
+    case WriteAccess::writable:
+        break;
+    }
+    switch (m_file_lock.acquire(file)) {
+    case FileLock::Result::held_elsewhere:
+        return "tournament file is open in another quorvelin:" + path;
+    case FileLock::Result::cannot_open:
+        return "tournament file cannot be read:" + path;
+    case FileLock::Result::locked:
+        break;
+    }
+    std::error_code ec;
+    remove_stale_temps(fs::canonical(file, ec).parent_path());
+    return std::nullopt;
 }
 
 void Session::check_tment_table_for_stub()
@@ -171,20 +225,42 @@ bool Session::close_current_db()
 {
     if (!has_tournament())
         return true;
-    if (!m_host.leave_draw())
-        return false;
+    const bool gone = file_gone();
+    if (gone && !m_gone_copy_saved) {
+        const auto answer = m_talk.ask(
+            gone_text() + ",save the tournament as a new file before closing?", gone_title, Buttons::YesNoCancel);
+        if (answer == Answer::Cancel || (answer == Answer::Yes && !copy_gone_file()))
+            return false;
+    }
+    try {
+        if (!m_host.leave_draw())
+            return false;
+    } catch (const DbError&) {
+        // A draw left unsaved cannot be written to a file that has gone: closing must still be possible.
+        if (!gone)
+            throw;
+    }
     m_host.unload_all_forms();
     m_current_area.reset();
     const fs::path file(m_current_file_path);
-    {
-        Transaction transaction(m_tournament);
-        empty_tables(m_tournament, tournament_scratch_tables());
-        transaction.commit();
+    if (!gone) {
+        try {
+            Transaction transaction(m_tournament);
+            empty_tables(m_tournament, tournament_scratch_tables());
+            transaction.commit();
+        } catch (const DbError&) {
+            // The next open empties them again; a file that cannot take the change must still close.
+        }
     }
     m_tournament.close();
     m_current_file_path.clear();
     m_settings.clear_tournament_cache();
-    compact(file);
+    // Only the file this session opened is compacted, never one that another program put in its place.
+    if (!gone && m_file_lock.holds(file))
+        compact(file, &m_file_lock);
+    m_file_lock.release();
+    m_gone_told = false;
+    m_gone_copy_saved = false;
     return true;
 }
 
@@ -203,6 +279,91 @@ void Session::exit_app()
     m_host.end_process();
 }
 
+bool Session::file_gone()
+{
+    return has_tournament() && has_moved(m_tournament);
+}
+
+std::string Session::gone_text() const
+{
+    return "the tournament file " + m_current_file_path
+        + " was moved, renamed, deleted or replaced by another program,changes cannot be saved to it";
+}
+
+bool Session::tell_if_file_gone()
+{
+    if (!file_gone()) {
+        // Put back where it was: it takes changes again, and a second loss is told again.
+        m_gone_told = false;
+        return false;
+    }
+    if (m_gone_told)
+        return false;
+    m_gone_told = true;
+    if (m_talk.ask(gone_text() + ",save the tournament as a new file?", gone_title, Buttons::YesNo) == Answer::Yes) {
+        if (const auto copy = copy_gone_file())
+            go_on_in(*copy);
+    }
+    return true;
+}
+
+std::string Session::fault_text(std::string_view what)
+{
+    if (file_gone())
+        return gone_text() + ",use save as to keep the tournament";
+    return std::string(what);
+}
+
+std::optional<fs::path> Session::copy_gone_file()
+{
+    const auto chosen = m_talk.choose_file({ FileDialogKind::SaveAs, "save tournament as..", "saveas.qvd", "qvd.",
+        m_settings.text("app.last_dir_opened") });
+    if (!chosen || open_elsewhere(*chosen))
+        return std::nullopt;
+    if (!write_copy(m_tournament, *chosen)) {
+        m_talk.message("cannot write file:" + chosen->string());
+        return std::nullopt;
+    }
+    m_gone_copy_saved = true;
+    m_last_file_path = chosen->string();
+    m_settings.set_disk_var("app.last_dir_opened", chosen->parent_path().string());
+    return chosen;
+}
+
+bool Session::open_elsewhere(const fs::path& file)
+{
+    std::error_code ec;
+    if (!fs::exists(file, ec) || m_file_lock.holds(file))
+        return false;
+    FileLock probe;
+    if (probe.acquire(file) != FileLock::Result::held_elsewhere)
+        return false;
+    m_talk.message("tournament file is open in another quorvelin:" + file.string());
+    return true;
+}
+
+// The copy replaces an existing file whole or not at all, and keeps that file's mode and owner.
+bool Session::copy_closed_file(const fs::path& target)
+{
+    std::error_code ec;
+    if (fs::weakly_canonical(target, ec) == fs::weakly_canonical(m_last_file_path, ec))
+        return true;
+    try {
+        Database source(m_last_file_path);
+        return write_copy(source, target);
+    } catch (const DbError&) {
+        return false;
+    }
+}
+
+void Session::go_on_in(const fs::path& copy)
+{
+    if (!close_current_db())
+        return;
+    m_pending_file_path = copy.string();
+    start_with_pending();
+}
+
 void Session::request_restart()
 {
     m_pending_action = restart_marker;
@@ -219,6 +380,12 @@ void Session::on_timer()
 
 void Session::boot_restart_app()
 {
+    // The restart reopens the last file: a tournament whose file has gone is offered a new file first.
+    if (file_gone() && !m_gone_copy_saved
+        && m_talk.ask(gone_text() + ",save the tournament as a new file?", gone_title, Buttons::YesNo) == Answer::Yes)
+        copy_gone_file();
+    m_gone_told = false;
+    m_gone_copy_saved = false;
     m_settings.detach();
     m_init.close();
     m_tournament.close();
@@ -241,7 +408,7 @@ void Session::menu_new()
         return;
     const auto chosen = m_talk.choose_file({ FileDialogKind::SaveAs, "new tournament", "mytournament.qvd", "qvd.",
         m_settings.text("app.last_dir_opened") });
-    if (!chosen)
+    if (!chosen || open_elsewhere(*chosen))
         return;
     std::error_code ec;
     fs::copy_file(m_dirs.blank_db(), *chosen, fs::copy_options::overwrite_existing, ec);
@@ -271,16 +438,18 @@ void Session::menu_save_as()
 {
     if (!has_tournament())
         return;
+    if (file_gone()) {
+        if (const auto copy = copy_gone_file())
+            go_on_in(*copy);
+        return;
+    }
     const auto chosen = m_talk.choose_file({ FileDialogKind::SaveAs, "save tournament as..", "saveas.qvd", "qvd.",
         m_settings.text("app.last_dir_opened") });
-    if (!chosen)
+    if (!chosen || open_elsewhere(*chosen))
         return;
     if (!close_current_db())
         return;
-    std::error_code ec;
-    if (fs::weakly_canonical(*chosen, ec) != fs::weakly_canonical(m_last_file_path, ec))
-        fs::copy_file(m_last_file_path, *chosen, fs::copy_options::overwrite_existing, ec);
-    if (ec) {
+    if (!copy_closed_file(*chosen)) {
         m_talk.message("cannot write file:" + chosen->string());
         return;
     }

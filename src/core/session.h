@@ -2,6 +2,7 @@
 
 #include "core/app_dirs.h"
 #include "core/database.h"
+#include "core/file_lock.h"
 #include "core/instance_lock.h"
 #include "core/session_host.h"
 #include "core/settings.h"
@@ -80,7 +81,16 @@ public:
     const std::string& os_details() const { return m_os_details; }
 
     // Compacts a database file when the compact-on-close switch is on; failures are ignored.
-    void compact(const std::filesystem::path& file) const;
+    void compact(const std::filesystem::path& file, FileLock* lock = nullptr) const;
+
+    // The open tournament file can be renamed, moved, deleted or replaced by another program while the
+    // program runs; then nothing can be written to it, while the open connection still holds the tournament.
+    bool file_gone();
+    // Called at the start of each operation: the first time the file is found gone, the director is told and
+    // offered to save the tournament as a new file. True when the director was told just now.
+    bool tell_if_file_gone();
+    // What the director reads of a fault of an operation: plain words when the file has gone.
+    std::string fault_text(std::string_view what);
 
 private:
     void request_restart();
@@ -90,13 +100,24 @@ private:
     void close_side_databases();
     void set_qv_os_variables();
     void load_all_forms();
-    bool open_tournament_file(const std::filesystem::path& file);
+    // Nothing when the file opened as the tournament, else why it was refused.
+    std::optional<std::string> open_tournament_file(const std::filesystem::path& file);
+    // The file may be written by this user and is open in no other program; locks it.
+    std::optional<std::string> claim_tournament_file(const std::filesystem::path& file);
     void check_tment_table_for_stub();
+    std::string gone_text() const;
+    // Writes the tournament, as the open connection holds it, to a file the director chooses.
+    std::optional<std::filesystem::path> copy_gone_file();
+    void go_on_in(const std::filesystem::path& copy);
+    // A file open in another copy of the program is never written over: true, and the director is told.
+    bool open_elsewhere(const std::filesystem::path& file);
+    bool copy_closed_file(const std::filesystem::path& target);
 
     UserTalk& m_talk;
     SessionHost& m_host;
     AppDirs m_dirs;
     InstanceLock m_lock;
+    FileLock m_file_lock;
     Settings m_settings;
     StampCounter m_stamps;
     StampCounter m_request_sequences;
@@ -113,6 +134,9 @@ private:
     std::string m_switch_word;
     std::optional<Area> m_current_area;
     int m_compact_on_close = 1;
+    // The director has been told that the file has gone; the tournament has been saved elsewhere since.
+    bool m_gone_told = false;
+    bool m_gone_copy_saved = false;
     std::string m_machine_id;
     std::string m_os_name;
     std::string m_os_details;

@@ -253,7 +253,7 @@ std::string first_cap(std::string_view text)
 {
     auto chars = decode_utf8(trim(text));
     for (std::size_t i = 0; i < chars.size(); ++i)
-        chars[i] = i == 0 ? upper_latin1(chars[i]) : lower_latin1(chars[i]);
+        chars[i] = i == 0 ? upper_cp1252(chars[i]) : lower_cp1252(chars[i]);
     return encode_utf8(chars);
 }
 

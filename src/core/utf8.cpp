@@ -1,5 +1,7 @@
 #include "core/utf8.h"
 
+#include <utility>
+
 namespace qv {
 
 namespace {
@@ -120,35 +122,69 @@ std::string mid_chars(std::string_view text, std::size_t first, std::size_t coun
     return encode_utf8(std::u32string_view(chars).substr(first, count));
 }
 
-std::string lcase(std::string_view text)
+namespace {
+
+// The letters of Windows-1252 beyond Latin-1, in pairs of capital and small.
+constexpr std::pair<char32_t, char32_t> cp1252_pairs[] = {
+    { 0x0160, 0x0161 }, // S with caron
+    { 0x0152, 0x0153 }, // OE
+    { 0x017D, 0x017E }, // Z with caron
+    { 0x0178, 0x00FF }, // Y with diaeresis
+};
+
+bool plain_ascii(std::string_view text)
+{
+    for (char c : text)
+        if (static_cast<unsigned char>(c) >= 0x80)
+            return false;
+    return true;
+}
+
+template <class Map> std::string map_letters(std::string_view text, Map map, char from, char to)
 {
     std::string out(text);
-    for (char& c : out)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return out;
+    // Most names are plain ASCII: those change in place without decoding.
+    if (plain_ascii(text)) {
+        for (char& c : out)
+            if (c >= from && c <= to)
+                c = static_cast<char>(c ^ 0x20);
+        return out;
+    }
+    auto chars = decode_utf8(text);
+    for (auto& c : chars)
+        c = map(c);
+    return encode_utf8(chars);
+}
+
+} // namespace
+
+std::string lcase(std::string_view text)
+{
+    return map_letters(text, lower_cp1252, 'A', 'Z');
 }
 
 std::string ucase(std::string_view text)
 {
-    std::string out(text);
-    for (char& c : out)
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - 'a' + 'A');
-    return out;
+    return map_letters(text, upper_cp1252, 'a', 'z');
 }
 
-char32_t lower_latin1(char32_t c)
+char32_t lower_cp1252(char32_t c)
 {
     if ((c >= U'A' && c <= U'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7))
         return c + 0x20;
+    for (auto [capital, small] : cp1252_pairs)
+        if (c == capital)
+            return small;
     return c;
 }
 
-char32_t upper_latin1(char32_t c)
+char32_t upper_cp1252(char32_t c)
 {
     if ((c >= U'a' && c <= U'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7))
         return c - 0x20;
+    for (auto [capital, small] : cp1252_pairs)
+        if (c == small)
+            return capital;
     return c;
 }
 

@@ -20,13 +20,14 @@ std::string left_chars(std::string_view text, std::size_t count);
 std::string right_chars(std::string_view text, std::size_t count);
 std::string mid_chars(std::string_view text, std::size_t first, std::size_t count = std::u32string::npos);
 
-// The name-comparison forms: only the ASCII letters change case, as the database's NOCASE does.
+// The name-comparison forms: every letter of Windows-1252 changes case ("Émile" and "éMILE" are one name), as
+// the SQL functions lower() and upper() do on this program's connections.
 std::string lcase(std::string_view text);
 std::string ucase(std::string_view text);
 
-// Case change of the Latin-1 letters as well, for capitalising names such as "émile".
-char32_t lower_latin1(char32_t c);
-char32_t upper_latin1(char32_t c);
+// Case change of one character: the letters of Windows-1252, others as they are.
+char32_t lower_cp1252(char32_t c);
+char32_t upper_cp1252(char32_t c);
 
 // Removes leading and trailing blanks (the space only, not tabs or line breaks).
 std::string trim(std::string_view text);

@@ -1,5 +1,7 @@
 #include "core/value_classes.h"
 
+#include "core/codepage.h"
+
 #include <string_view>
 
 namespace qv {
@@ -14,6 +16,17 @@ bool in(std::u32string_view set, char32_t c)
 char32_t lower_ascii(char32_t c)
 {
     return c >= U'A' && c <= U'Z' ? c + 0x20 : c;
+}
+
+// Names travel in files, pages and the online service as Windows-1252, and are compared and shown as typed: a
+// character that the code page cannot carry, a control character (NUL, tab, line breaks) or one that cannot be
+// seen (the no-break space, the soft hyphen; zero-width spaces and direction marks have no byte anyway) would
+// make two names look alike or change on the way. Text that was not UTF-8 decodes to U+FFFD and goes the same way.
+bool name_character(char32_t c)
+{
+    const bool control = c < 0x20 || (c >= 0x7F && c <= 0x9F);
+    const bool invisible = c == 0xA0 || c == 0xAD;
+    return !control && !invisible && cp1252_has(c);
 }
 
 } // namespace
@@ -31,15 +44,15 @@ bool allowed(ValueClass cls, char32_t c)
     case ValueClass::search_disallow:
         return !in(U"'\"", c);
     case ValueClass::systemdisallow:
-        return !in(U"'\"/\\¿&#^%*", c);
+        return name_character(c) && !in(U"'\"/\\¿&#^%*", c);
     case ValueClass::systemdisallow_resultsimport:
-        return !in(U"'\"\\¿&#^%*", c);
+        return name_character(c) && !in(U"'\"\\¿&#^%*", c);
     case ValueClass::systemdisallow_eventname:
-        return !in(U")('\"/\\¿&#^%*", c);
+        return name_character(c) && !in(U")('\"/\\¿&#^%*", c);
     case ValueClass::country:
-        return !in(U"'\"/\\¿&^%*", c);
+        return name_character(c) && !in(U"'\"/\\¿&^%*", c);
     case ValueClass::overidenames:
-        return !in(U"'\"\\¿&^%*", c);
+        return name_character(c) && !in(U"'\"\\¿&^%*", c);
     case ValueClass::servletname:
         return !in(U"'\"¿&^%#", c);
     case ValueClass::textuploads:

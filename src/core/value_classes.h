@@ -3,7 +3,9 @@
 namespace qv {
 
 // Which characters a kind of value may hold. The refusal lists keep quotes out of SQL literals and the
-// separators ('^', '/', '&' ...) out of URLs and data files.
+// separators ('^', '/', '&' ...) out of URLs and data files. The classes of names (systemdisallow and its two
+// kin, country, overidenames) also refuse what Windows-1252 cannot write, control characters and invisible
+// characters, whichever way the name arrives: typed, imported or downloaded.
 enum class ValueClass {
     custid,
     alphanumeric,

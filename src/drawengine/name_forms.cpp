@@ -22,7 +22,7 @@ std::string cap(std::string_view text)
 {
     auto chars = decode_utf8(text);
     if (!chars.empty())
-        chars[0] = upper_latin1(chars[0]);
+        chars[0] = upper_cp1252(chars[0]);
     return encode_utf8(chars);
 }
 
@@ -36,7 +36,7 @@ std::string lower_all(std::string_view text)
 {
     auto chars = decode_utf8(text);
     for (auto& c : chars)
-        c = lower_latin1(c);
+        c = lower_cp1252(c);
     return encode_utf8(chars);
 }
 
