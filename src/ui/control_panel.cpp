@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -41,6 +42,7 @@ ControlPanel::ControlPanel(Session& session, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(group);
 
+    set_tab_chain({ m_sports, m_words[0], m_words[1], m_words[2], m_words[3], m_words[4], m_words[5], m_save });
     show_words(current_sport_words(m_session));
     connect(m_sports, &QListWidget::currentRowChanged, this, &ControlPanel::choose_sport);
     connect(m_save, &QPushButton::clicked, this, &ControlPanel::save);
