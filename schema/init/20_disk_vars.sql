@@ -201,6 +201,8 @@ insert into disk_vars(nm,value,note) values ('app.last_db_opened','','');
 insert into disk_vars(nm,value,note) values ('app.ftp_timeout','30','');
 insert into disk_vars(nm,value,note) values ('app.usefootprint','1','');
 insert into disk_vars(nm,value,note) values ('app.fillrrvoids','1','');
+-- The tournament files opened last, newest first, joined by "|" (the start page lists them).
+insert into disk_vars(nm,value,note) values ('app.recent_files','','');
 
 -- Clear data.
 insert into disk_vars(nm,value,note) values ('cdata_1','0','');

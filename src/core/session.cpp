@@ -2,6 +2,7 @@
 
 #include "core/compaction.h"
 #include "core/os_variables.h"
+#include "core/recent_files.h"
 #include "core/scratch_tables.h"
 #include "core/text_rules.h"
 #include "core/tournament_file.h"
@@ -86,6 +87,7 @@ void Session::boot_start_app(const std::string& path)
     else if (m_settings.integer("open_last_db_on_start") == 1)
         opendb(m_settings.text("app.last_db_opened"));
     set_generics();
+    m_host.boot_ended();
     m_host.busy(false);
 }
 
@@ -150,6 +152,7 @@ void Session::opendb(const std::string& path)
     m_current_file_name = extract_fn(path);
     m_current_file_path = path;
     m_settings.set_disk_var("app.last_db_opened", path);
+    record_recent_file(m_settings, path);
     repair_stored_filters(m_settings, m_tournament);
     check_tment_table_for_stub();
     m_last_file_path = path;
@@ -431,6 +434,14 @@ void Session::menu_open()
         return;
     m_settings.set_disk_var("app.last_dir_opened", chosen->parent_path().string());
     m_pending_file_path = chosen->string();
+    start_with_pending();
+}
+
+void Session::open_recent(const std::string& path)
+{
+    if (!close_current_db())
+        return;
+    m_pending_file_path = path;
     start_with_pending();
 }
 

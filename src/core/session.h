@@ -44,6 +44,8 @@ public:
     void menu_open();
     void menu_save_as();
     void menu_close() { close_current_db(); }
+    // Opens a file of the recent list as "open" does once a file is chosen.
+    void open_recent(const std::string& path);
 
     // Work areas.
     void ishow(Area area);

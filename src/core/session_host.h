@@ -36,6 +36,8 @@ public:
     virtual void show_area(Area area, const Markers& markers) = 0;
     virtual void set_generics(const std::string& caption, const std::string& tooltip) = 0;
     virtual void busy(bool on) = 0;
+    // A boot has run: the settings are read and a tournament is open, or none could be.
+    virtual void boot_ended() { }
 
     // Runs the action from the main loop once the caller has returned.
     virtual void defer(std::function<void()> action) = 0;

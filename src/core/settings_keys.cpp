@@ -176,6 +176,7 @@ constexpr BootSettingKey boot_keys[] = {
     { "app.ftp_timeout", Text },
     { "app.usefootprint", Integer },
     { "app.fillrrvoids", Integer },
+    { "app.recent_files", Text },
     { "cdata_1", Integer },
     { "cdata_2", Integer },
     { "cdata_3", Integer },

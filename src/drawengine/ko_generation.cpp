@@ -418,8 +418,12 @@ void DODRAW(Session& session, OpenDraw& open, DrawRandom& random, const DrawHook
 {
     if (open.draw.curr_eid == 0)
         return;
+    // The draw stays on show while the user is asked; only a Yes takes it away, before the new one is placed.
+    const bool had_draw = open.draw.on_screen;
     if (!RR_KO_delete_draw(session, open))
         return;
+    if (had_draw && !open.draw.on_screen && hooks.show_draw)
+        hooks.show_draw(open);
     if (open.draw.drawtype == "ko")
         KO_do_draw2(session, open, random, hooks);
     else if (open.draw.drawtype == "rr" && hooks.round_robin)

@@ -9,6 +9,7 @@
 #include "ui/list_search.h"
 #include "ui/players_filter_window.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -105,6 +106,8 @@ AddToEventWindow::AddToEventWindow(Session& session, QWidget* parent)
     auto* close_button = new QPushButton(QStringLiteral("close"), this);
     layout->addWidget(close_button, 0, Qt::AlignRight);
     connect(close_button, &QPushButton::clicked, this, &QDialog::close);
+    // Enter in a search box searches; adding is pressed on purpose.
+    no_main_button(this);
     refresh();
 }
 

@@ -1,6 +1,7 @@
 #include "ui/clear_data_dialog.h"
 
 #include "core/session.h"
+#include "ui/window_behaviour.h"
 
 #include <QCheckBox>
 #include <QPushButton>
@@ -28,6 +29,10 @@ ClearDataDialog::ClearDataDialog(Session& session, QWidget* parent)
             m_boxes[i], &QCheckBox::toggled, this, [this, i](bool checked) { remember(static_cast<int>(i), checked); });
     }
     layout->addWidget(m_clear);
+    set_tab_chain({ m_boxes[0], m_boxes[1], m_boxes[2], m_boxes[3], m_boxes[4], m_clear });
+    m_boxes[0]->setFocus();
+    // It clears data: pressed on purpose only.
+    no_main_button(this);
     connect(m_clear, &QPushButton::clicked, this, &ClearDataDialog::clear);
 
     m_loading = true;

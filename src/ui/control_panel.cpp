@@ -9,6 +9,7 @@
 #include "ui/qt_text.h"
 #include "ui/refusal_selection.h"
 #include "ui/tabbed_window.h"
+#include "ui/window_behaviour.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -70,6 +71,7 @@ QWidget* ControlPanel::sports_page()
     layout->addWidget(m_sports);
     layout->addLayout(form);
 
+    set_tab_chain({ m_sports, m_words[0], m_words[1], m_words[2], m_words[3], m_words[4], m_words[5], m_save });
     show_words(current_sport_words(m_session));
     connect(m_sports, &QListWidget::currentRowChanged, this, &ControlPanel::choose_sport);
     connect(m_save, &QPushButton::clicked, this, &ControlPanel::save);

@@ -59,6 +59,14 @@ const QColor changes_colour(255, 255, 0); // 65535 as the program stores colours
 
 } // namespace
 
+std::string draw_area_hint(bool event_chosen)
+{
+    if (!event_chosen)
+        return "Choose an event in the list to see its draw.";
+    return "This event has no draw yet. Enter its players (tournament area, \"add to event\"), check its \"draw "
+           "config\", then press \"do draw\".";
+}
+
 std::string slot_line(const OpenDraw& draw, int level, int position)
 {
     if (!draw.has_slot(level, position) || draw.is_empty(level, position))
@@ -304,6 +312,7 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     , m_heading(new QLabel(this))
     , m_timestamp(new QLabel(this))
     , m_pages(new QStackedWidget(this))
+    , m_hint(new QLabel(this))
     , m_view(new DrawView(this))
     , m_rr_view(new RrDrawView(
           session, m_open.draw, m_rr, [this] { show_state(); }, this))
@@ -338,6 +347,10 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     auto* right = new QVBoxLayout;
     right->addWidget(m_heading);
     right->addWidget(m_timestamp);
+    m_hint->setObjectName(QStringLiteral("draw_hint"));
+    m_hint->setAlignment(Qt::AlignCenter);
+    m_hint->setWordWrap(true);
+    m_pages->addWidget(m_hint);
     m_pages->addWidget(m_view);
     m_pages->addWidget(m_rr_view);
     right->addWidget(m_pages, 1);
@@ -395,6 +408,11 @@ QPushButton* DrawArea::button(const QString& caption) const
         if (button->text() == caption)
             return button;
     return nullptr;
+}
+
+QWidget* DrawArea::current_page() const
+{
+    return m_pages->currentWidget();
 }
 
 bool DrawArea::save_button_marked() const
@@ -541,7 +559,6 @@ void DrawArea::do_draw()
     if (m_open.draw.curr_eid == 0 || !line || !line->isSelected() || m_events->row(line) == 0
         || line->data(Qt::UserRole).toLongLong() != m_open.draw.curr_eid)
         return;
-    m_view->clear_draw();
     DODRAW(m_session, m_open, *m_random, draw_hooks());
     show_draw();
     reload_events();
@@ -677,13 +694,15 @@ void DrawArea::recount_changes()
 void DrawArea::show_draw()
 {
     const bool rr = m_open.draw.on_screen && m_open.draw.drawtype == "rr";
-    m_pages->setCurrentWidget(rr ? static_cast<QWidget*>(m_rr_view) : static_cast<QWidget*>(m_view));
-    if (m_open.draw.on_screen && m_open.levels() > 0 && !rr)
+    const bool tree = m_open.draw.on_screen && m_open.levels() > 0 && !rr;
+    if (tree)
         m_view->show_draw(m_open);
     else
         m_view->clear_draw();
     if (rr)
         m_rr_view->refresh();
+    m_hint->setText(qs(draw_area_hint(m_open.draw.curr_eid != 0)));
+    m_pages->setCurrentWidget(rr ? static_cast<QWidget*>(m_rr_view) : tree ? static_cast<QWidget*>(m_view) : m_hint);
     show_state();
 }
 

@@ -33,6 +33,9 @@ class DrawView;
 class RrDrawView;
 class Session;
 
+// What the draw area says where no draw is open: choose an event, or how its draw is made.
+std::string draw_area_hint(bool event_chosen);
+
 // The line a slot shows: the seed in brackets, the name on show and the country in brackets,
 // "(1) bob jones (ENG)"; empty for an empty slot.
 std::string slot_line(const OpenDraw& draw, int level, int position);
@@ -150,6 +153,9 @@ public:
     QLabel* filter_tag() const { return m_filter_tag; }
     QLabel* heading() const { return m_heading; }
     QLabel* timestamp_label() const { return m_timestamp; }
+    // Shown in place of a draw while none is open.
+    QLabel* hint() const { return m_hint; }
+    QWidget* current_page() const;
     DrawView* view() const { return m_view; }
     // Shown in place of the tree while an "rr" draw is open.
     RrDrawView* rr_view() const { return m_rr_view; }
@@ -208,6 +214,7 @@ private:
     QLabel* m_heading;
     QLabel* m_timestamp;
     QStackedWidget* m_pages;
+    QLabel* m_hint;
     DrawView* m_view;
     RrDrawView* m_rr_view;
     QCheckBox* m_save_as_u_go;

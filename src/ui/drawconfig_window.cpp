@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -89,6 +90,8 @@ DrawConfigWindow::DrawConfigWindow(Session& session, std::int64_t eid, DrawConfi
     layout->addLayout(lists, 1);
     layout->addLayout(bottom);
     layout->addWidget(m_locked_note);
+    set_main_button(this, button(QStringLiteral("save")));
+    set_tab_chain(tab_chain());
 
     connect(button(QStringLiteral("seeds_to_players")), &QPushButton::clicked, this,
         [this] { move(ConfigList::seeds, ConfigList::players); });
@@ -115,6 +118,40 @@ DrawConfigWindow::DrawConfigWindow(Session& session, std::int64_t eid, DrawConfi
     show_config();
     if (m_config.locked())
         disable_ctls();
+}
+
+std::vector<QWidget*> DrawConfigWindow::tab_chain() const
+{
+    // Column by column, left to right, each from its heading down, with the moves beside a column after it; then
+    // the boxes and buttons of the bottom row.
+    const auto moves_after = [](ConfigList which) -> std::vector<const char*> {
+        switch (which) {
+        case ConfigList::seeds:
+            return { "seed_up", "seed_down", "seeds_to_players", "players_to_seeds" };
+        case ConfigList::players:
+            return { "players_to_reserves", "reserves_to_players" };
+        case ConfigList::reserves:
+            break;
+        }
+        return {};
+    };
+    std::vector<QWidget*> chain { m_type };
+    for (auto which : all_lists) {
+        const QString prefix = QString::fromLatin1(list_name(which)) + QLatin1Char('_');
+        chain.insert(chain.end(),
+            { button(prefix + "all"), button(prefix + "none"), m_lists.at(index(which)), m_search.at(index(which)),
+                button(prefix + "search"), button(prefix + "details"), button(prefix + "export") });
+        for (const char* name : moves_after(which))
+            chain.push_back(button(QString::fromLatin1(name)));
+    }
+    for (auto [which, name] :
+        { std::pair { ConfigBox::wildcards, "wildcards" }, std::pair { ConfigBox::qualifiers, "qualifiers" } }) {
+        const QString suffix = QLatin1Char('_') + QString::fromLatin1(name);
+        chain.insert(chain.end(), { box(which), button("set" + suffix), button("clr" + suffix) });
+    }
+    for (const char* name : { "remove_entries", "save", "close" })
+        chain.push_back(button(QString::fromLatin1(name)));
+    return chain;
 }
 
 QWidget* DrawConfigWindow::list_column(ConfigList which, const char* heading, const char* name)
@@ -151,7 +188,7 @@ QWidget* DrawConfigWindow::list_column(ConfigList which, const char* heading, co
     connect(
         button(prefix + QStringLiteral("none")), &QPushButton::clicked, this, [this, which] { select_none(which); });
     connect(button(prefix + QStringLiteral("search")), &QPushButton::clicked, this, [this, which] { search(which); });
-    connect(m_search.at(index(which)), &QLineEdit::returnPressed, this, [this, which] { search(which); });
+    run_on_enter(m_search.at(index(which)), [this, which] { search(which); });
     connect(button(prefix + QStringLiteral("details")), &QPushButton::clicked, this,
         [this, which] { player_details(which); });
     connect(
@@ -174,6 +211,7 @@ QWidget* DrawConfigWindow::box_row(ConfigBox which, const char* caption, const c
     layout->addWidget(add_button(QStringLiteral("set"), QStringLiteral("set") + suffix));
     layout->addWidget(add_button(QStringLiteral("clr"), QStringLiteral("clr") + suffix));
     connect(button(QStringLiteral("set") + suffix), &QPushButton::clicked, this, [this, which] { set_box(which); });
+    run_on_enter(box, [this, which] { set_box(which); });
     connect(button(QStringLiteral("clr") + suffix), &QPushButton::clicked, this, [this, which] { clear_box(which); });
     return row;
 }

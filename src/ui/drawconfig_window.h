@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 class QComboBox;
 class QLabel;
@@ -64,6 +65,8 @@ public slots:
 private:
     static std::size_t index(ConfigList which) { return static_cast<std::size_t>(which); }
     QWidget* list_column(ConfigList which, const char* heading, const char* name);
+    // Every widget Tab stops at, in reading order.
+    std::vector<QWidget*> tab_chain() const;
     QWidget* box_row(ConfigBox which, const char* caption, const char* name);
     QPushButton* add_button(const QString& caption, const QString& name);
     // The window's selections and box texts into the configuration, and the configuration back into the window.

@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -32,6 +33,9 @@ EventsFilterWindow::EventsFilterWindow(Session& session, std::string key, Stored
         layout->addRow(QString::fromLatin1(labels[i]), m_lists[i]);
     }
     layout->addRow(m_store);
+    set_tab_chain({ m_lists[0], m_lists[1], m_lists[2], m_lists[3], m_lists[4], m_lists[5], m_store });
+    set_main_button(this, m_store);
+    m_lists[0]->setFocus();
     connect(m_store, &QPushButton::clicked, this, &EventsFilterWindow::store);
 
     const auto stored = load_event_filter(m_session.settings(), m_key);

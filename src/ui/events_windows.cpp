@@ -7,6 +7,7 @@
 #include "ui/id_lists.h"
 #include "ui/list_search.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -90,6 +91,8 @@ EventFields::EventFields(QWidget* parent)
 {
     for (const auto code : pte_codes)
         m_type->addItem(qs(pte_caption(code)));
+    // The longest name an event may have shows whole.
+    fit_characters(m_name, static_cast<int>(eventname_max_chars));
 
     auto* layout = new QFormLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -188,6 +191,8 @@ AddEventWindow::AddEventWindow(Session& session, Added on_added, QWidget* parent
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_fields);
     layout->addLayout(buttons);
+    set_main_button(this, m_save);
+    m_fields->name()->setFocus();
     connect(m_save, &QPushButton::clicked, this, &AddEventWindow::save);
     connect(m_clear, &QPushButton::clicked, m_fields, &EventFields::clear);
     connect(close_button, &QPushButton::clicked, this, &QDialog::close);
@@ -255,6 +260,12 @@ AdminEventsWindow::AdminEventsWindow(Session& session, QWidget* parent)
     layout->addWidget(m_events, 0, 0);
     layout->addLayout(search_row, 1, 0);
     layout->addLayout(right, 0, 1, 2, 1);
+    set_main_button(this, m_save);
+    run_on_enter(m_search_text, [this] { search(); });
+    // The list and its search first, then the fields beside them and what acts on them.
+    set_tab_chain({ m_events, m_search_text, search_button, m_fields->name(), m_fields->fee(), m_fields->singdobs(),
+        m_fields->sex(), m_fields->type(), add_button, m_save, clear_button, m_delete, m_errors, m_check_on_save,
+        m_no_prompt, m_beep_ok });
 
     connect(m_events, &QListWidget::currentRowChanged, this, &AdminEventsWindow::show_event);
     connect(add_button, &QPushButton::clicked, this, &AdminEventsWindow::add_new);
@@ -383,6 +394,8 @@ EventsManageWindow::EventsManageWindow(Session& session, QWidget* parent)
     layout->addWidget(m_tag);
     layout->addWidget(m_events);
     layout->addLayout(search_row);
+    no_main_button(this);
+    run_on_enter(m_search_text, [this] { search(); });
 
     connect(m_events, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
         if (m_events->row(item) == 0)

@@ -6,6 +6,7 @@
 #include "ui/id_lists.h"
 #include "ui/players_filter_window.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -69,10 +70,13 @@ AddFolderWindow::AddFolderWindow(Session& session, Added on_added, QWidget* pare
     auto* layout = new QGridLayout(this);
     layout->addWidget(new QLabel(QStringLiteral("folder name"), this), 0, 0);
     layout->addWidget(m_name, 0, 1, 1, 2);
-    layout->addWidget(folders_beep_box(m_session, this), 1, 0);
+    auto* beep_box = folders_beep_box(m_session, this);
+    layout->addWidget(beep_box, 1, 0);
     auto* close_button = button(QStringLiteral("close"), this);
     layout->addWidget(m_save, 1, 1);
     layout->addWidget(close_button, 1, 2);
+    set_main_button(this, m_save);
+    set_tab_chain({ m_name, beep_box, m_save, close_button });
     connect(m_save, &QPushButton::clicked, this, &AddFolderWindow::save);
     connect(close_button, &QPushButton::clicked, this, &QDialog::close);
 }
@@ -118,6 +122,8 @@ FoldersWindow::FoldersWindow(Session& session, QWidget* parent)
         buttons->addWidget(b);
     buttons->addWidget(folders_beep_box(m_session, this));
     layout->addLayout(buttons, 3, 0, 1, 2);
+    // The name box below the lists renames the chosen folder.
+    set_main_button(this, rename_button);
 
     connect(add_button, &QPushButton::clicked, this, &FoldersWindow::add_new);
     connect(rename_button, &QPushButton::clicked, this, &FoldersWindow::rename);
@@ -200,7 +206,10 @@ FoldersAssignWindow::FoldersAssignWindow(Session& session, QWidget* parent)
     layout->addLayout(moves, 2, 1);
     layout->addWidget(m_folders, 2, 2);
     layout->addWidget(m_in_folder, 2, 3);
-    layout->addWidget(folders_beep_box(m_session, this), 3, 0);
+    auto* beep_box = folders_beep_box(m_session, this);
+    layout->addWidget(beep_box, 3, 0);
+    no_main_button(this);
+    set_tab_chain({ m_filtered, m_move_in, m_move_out, m_folders, m_in_folder, beep_box });
 
     connect(m_filtered, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
         if (m_filtered->row(item) == 0)

@@ -1,6 +1,7 @@
 #include "ui/links_window.h"
 
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -34,9 +35,10 @@ LinksWindow::LinksWindow(const std::vector<Link>& links, QWidget* parent)
     buttons->addWidget(print_button);
     buttons->addStretch();
     auto* layout = new QVBoxLayout(this);
-    layout->addLayout(buttons);
     layout->addWidget(m_text);
+    layout->addLayout(buttons);
     resize(600, 400);
+    close_on_escape(this);
 
     connect(copy_button, &QPushButton::clicked, this, &LinksWindow::copy);
     connect(print_button, &QPushButton::clicked, this, &LinksWindow::print);

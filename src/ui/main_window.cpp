@@ -1,7 +1,9 @@
 #include "ui/main_window.h"
 
 #include "core/links.h"
+#include "core/recent_files.h"
 #include "core/session.h"
+#include "ui/add_to_event_window.h"
 #include "ui/area_page.h"
 #include "ui/colors.h"
 #include "ui/control_panel.h"
@@ -12,9 +14,13 @@
 #include "ui/players_windows.h"
 #include "ui/qt_text.h"
 #include "ui/qt_user_talk.h"
+#include "ui/start_page.h"
+#include "ui/toolbar_windows.h"
 #include "ui/tournament_area.h"
 #include "ui/tournament_operations.h"
+#include "ui/window_behaviour.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
@@ -78,8 +84,8 @@ MainWindow::MainWindow(const std::filesystem::path& app_dir, UserTalk* talk, QWi
     m_session = std::make_unique<Session>(app_dir, *m_talk, *this);
 
     m_stack = new QStackedWidget(this);
-    m_no_file_page = new QWidget(m_stack);
-    m_stack->addWidget(m_no_file_page);
+    m_start = new StartPage(m_stack);
+    m_stack->addWidget(m_start);
     for (Area area : toolbar_order) {
         QWidget* page = nullptr;
         if (area == Area::mainform) {
@@ -101,13 +107,12 @@ MainWindow::MainWindow(const std::filesystem::path& app_dir, UserTalk* talk, QWi
         m_pages[index(area)] = page;
         m_stack->addWidget(page);
     }
-    m_stack->setCurrentWidget(m_no_file_page);
     setCentralWidget(m_stack);
     connect_areas();
 
     build_toolbar();
     build_menus();
-    update_title();
+    show_start_page();
     statusBar()->show();
 }
 
@@ -130,6 +135,10 @@ void MainWindow::connect_areas()
     register_tournament_operations(*m_tournament, *m_session, hooks);
     connect(m_draw, &DrawArea::playerDetailsRequested, this,
         [this](const QString& player) { open_player_details_by_name(*m_session, player.toStdString(), this); });
+    connect(m_start, &StartPage::newRequested, this, [this] { m_session->menu_new(); });
+    connect(m_start, &StartPage::openRequested, this, [this] { m_session->menu_open(); });
+    connect(m_start, &StartPage::recentChosen, this,
+        [this](const QString& path) { m_session->open_recent(path.toStdString()); });
 }
 
 bool MainWindow::leave_draw()
@@ -170,43 +179,129 @@ void MainWindow::build_toolbar()
     m_match_counts = new QToolButton(toolbar);
     m_match_counts->setObjectName(QStringLiteral("match_counts"));
     toolbar->addWidget(m_match_counts);
+
+    auto small_window_button = [this, toolbar](const char* caption, const CommandTable& table, auto open) {
+        auto* button = new QToolButton(toolbar);
+        button->setText(QString::fromLatin1(caption));
+        button->setObjectName(QString::fromLatin1(caption));
+        connect(button, &QToolButton::clicked, this, open);
+        // A button whose window has nothing yet is left out.
+        toolbar->addWidget(button)->setVisible(!standing_commands(table).empty());
+        return button;
+    };
+    m_tools = small_window_button("tools", tools_commands(), &MainWindow::open_tools);
+    m_feederapps = small_window_button("feederapps", feederapps_commands(), &MainWindow::open_feederapps);
+}
+
+CommandTable MainWindow::tools_commands()
+{
+    // The register's windows that add one at a time, for a director typing entries in by hand, and the links.
+    // The small window may have stayed open while the file closed: the register's lines look again.
+    const auto when_open = [this](std::function<void()> open) {
+        return [this, open] {
+            if (m_session->has_tournament())
+                open();
+        };
+    };
+    return {
+        { QStringLiteral("add new player"), when_open([this] { open_add_player(*m_session, this); }), true },
+        { QStringLiteral("add new event"), when_open([this] { open_add_event(*m_session, this); }), true },
+        { QStringLiteral("add to event"), when_open([this] { open_add_to_event(*m_session, this); }), true },
+        {},
+        { QStringLiteral("links"), [this] { open_links(); } },
+    };
+}
+
+CommandTable MainWindow::feederapps_commands()
+{
+    // The ways data come in, each shown once its window stands.
+    return {
+        { QStringLiteral("players import/export"), {}, true },
+        { QStringLiteral("import events"), {}, true },
+        { QStringLiteral("load entries (qv5) file"), {}, true },
+        { QStringLiteral("download entries load"), {}, true },
+    };
+}
+
+ToolbarWindow* MainWindow::open_tools()
+{
+    return open_toolbar_window(QStringLiteral("tools"), tools_commands());
+}
+
+ToolbarWindow* MainWindow::open_feederapps()
+{
+    return open_toolbar_window(QStringLiteral("feederapps"), feederapps_commands());
+}
+
+ToolbarWindow* MainWindow::open_toolbar_window(const QString& title, const CommandTable& table)
+{
+    if (m_toolbar_window)
+        m_toolbar_window->close();
+    m_toolbar_window = new ToolbarWindow(title, table, m_session->has_tournament(), this);
+    show_over_parent(m_toolbar_window);
+    return m_toolbar_window;
 }
 
 void MainWindow::build_menus()
 {
-    auto* tournament = menuBar()->addMenu(QStringLiteral("tournament"));
-    tournament->addAction(QStringLiteral("new"), this, [this] { m_session->menu_new(); });
-    tournament->addAction(QStringLiteral("open"), this, [this] { m_session->menu_open(); });
-    tournament->addAction(QStringLiteral("save as..."), this, [this] { m_session->menu_save_as(); });
-    tournament->addAction(QStringLiteral("close"), this, [this] { m_session->menu_close(); });
-    tournament->addSeparator();
-    tournament->addAction(QStringLiteral("exit"), this, [this] { m_session->exit_app(); });
+    // Every line in the order the menus show it; a line without an action waits for its window.
+    const CommandTable tournament {
+        { QStringLiteral("&new"), [this] { m_session->menu_new(); }, false, QKeySequence(QStringLiteral("Ctrl+N")) },
+        { QStringLiteral("&open"), [this] { m_session->menu_open(); }, false, QKeySequence(QStringLiteral("Ctrl+O")) },
+        { QStringLiteral("&save as..."), [this] { m_session->menu_save_as(); }, true },
+        { QStringLiteral("&close"), [this] { m_session->menu_close(); }, true },
+        {},
+        // Without a file it says so itself.
+        { QStringLiteral("&load entries (qv5) file"), {} },
+        { QStringLiteral("&browse entries (qv5) file"), {} },
+        {},
+        { QStringLiteral("e&xit"), [this] { m_session->exit_app(); }, false, QKeySequence(QStringLiteral("Ctrl+Q")) },
+    };
+    const CommandTable tools {
+        { QStringLiteral("load draw &gif"), {} },
+        { QStringLiteral("&one result (qv4) file"), {} },
+        { QStringLiteral("&multiple results (qv4) files"), {} },
+    };
+    const CommandTable options {
+        { QStringLiteral("&print config"), {} },
+        { QStringLiteral("&control panel"), [this] { open_control_panel(); } },
+    };
+    const CommandTable info {
+        { QStringLiteral("&help"), [this] { open_page("help_url", "https://quorvelin.example/help"); } },
+        { QStringLiteral("&signup"), [this] { open_page("signup_url", "https://quorvelin.example/signup"); } },
+        { QStringLiteral("home&page"), [this] { open_page("homepage_url", "https://quorvelin.example/"); } },
+        { QStringLiteral("&developer"),
+            [this] { m_talk->message("quorvelin is written by the Quorvelin developers", "developer"); } },
+        { QStringLiteral("&version"),
+            [this] { m_talk->message(std::string("quorvelin version ") + Session::version, "version"); } },
+    };
+    const auto tournament_open = [this] { return m_session->has_tournament(); };
+    add_command_menu(menuBar(), QStringLiteral("&tournament"), tournament, tournament_open);
+    add_command_menu(menuBar(), QStringLiteral("t&ools"), tools, tournament_open);
+    add_command_menu(menuBar(), QStringLiteral("o&ptions"), options, tournament_open);
+    add_command_menu(menuBar(), QStringLiteral("&info"), info, tournament_open);
 
-    // The two register windows that add one at a time, for a director typing in entries by hand.
-    auto* tools = menuBar()->addMenu(QStringLiteral("tools"));
-    tools->addAction(QStringLiteral("add new player"), this, [this] {
-        if (m_session->has_tournament())
-            open_add_player(*m_session, this);
-    });
-    tools->addAction(QStringLiteral("add new event"), this, [this] {
-        if (m_session->has_tournament())
-            open_add_event(*m_session, this);
-    });
+    auto* refresh = new QAction(QStringLiteral("refresh"), this);
+    refresh->setObjectName(QStringLiteral("refresh"));
+    refresh->setShortcut(QKeySequence(Qt::Key_F5));
+    connect(refresh, &QAction::triggered, this, &MainWindow::refresh_current_area);
+    addAction(refresh);
+}
 
-    auto* options = menuBar()->addMenu(QStringLiteral("options"));
-    options->addAction(QStringLiteral("control panel"), this, &MainWindow::open_control_panel);
-    options->addAction(QStringLiteral("links"), this, &MainWindow::open_links);
-
-    auto* info = menuBar()->addMenu(QStringLiteral("info"));
-    info->addAction(QStringLiteral("help"), this, [this] { open_page("help_url", "https://quorvelin.example/help"); });
-    info->addAction(
-        QStringLiteral("signup"), this, [this] { open_page("signup_url", "https://quorvelin.example/signup"); });
-    info->addAction(
-        QStringLiteral("homepage"), this, [this] { open_page("homepage_url", "https://quorvelin.example/"); });
-    info->addAction(QStringLiteral("developer"), this,
-        [this] { m_talk->message("quorvelin is written by the Quorvelin developers", "developer"); });
-    info->addAction(QStringLiteral("version"), this,
-        [this] { m_talk->message(std::string("quorvelin version ") + Session::version, "version"); });
+void MainWindow::refresh_current_area()
+{
+    const auto area = m_session->current_area();
+    if (!m_session->has_tournament() || !area)
+        return;
+    if (*area == Area::mainform) {
+        m_tournament->refresh();
+    } else if (*area == Area::draw) {
+        m_draw->reload_events();
+        m_draw->refresh_on_entry();
+    } else if (auto* page = m_area_pages[index(*area)]) {
+        for (Lists which : { Lists::players, Lists::events, Lists::entries, Lists::folders, Lists::draw })
+            page->refresh_lists(which);
+    }
 }
 
 void MainWindow::open_page(const char* setting, const char* fallback)
@@ -219,10 +314,14 @@ ControlPanel* MainWindow::open_control_panel()
 {
     if (!m_session->booted())
         return nullptr;
-    if (!m_control_panel)
-        m_control_panel = new ControlPanel(*m_session, this);
-    m_control_panel->show();
-    m_control_panel->raise();
+    if (m_control_panel) {
+        m_control_panel->show();
+        m_control_panel->raise();
+        return m_control_panel;
+    }
+    m_control_panel = new ControlPanel(*m_session, this);
+    close_on_escape(m_control_panel);
+    show_over_parent(m_control_panel);
     return m_control_panel;
 }
 
@@ -234,7 +333,7 @@ LinksWindow* MainWindow::open_links()
         m_links->close();
     auto& settings = m_session->settings();
     m_links = new LinksWindow(tournament_links(settings.text("app.servlet"), settings.text("app.custid")), this);
-    m_links->show();
+    show_over_parent(m_links);
     return m_links;
 }
 
@@ -253,7 +352,9 @@ void MainWindow::load_all_forms()
         else if (auto* page = m_area_pages[index(area)])
             page->init();
     }
-    update_title();
+    for (Area area : toolbar_order)
+        m_buttons[index(area)]->setEnabled(true);
+    update_title(true);
     emit formsLoaded();
 }
 
@@ -269,8 +370,24 @@ void MainWindow::unload_all_forms()
     }
     for (Area area : toolbar_order)
         paint_marker(area, regular_grey());
-    m_stack->setCurrentWidget(m_no_file_page);
-    update_title();
+    show_start_page();
+}
+
+void MainWindow::boot_ended()
+{
+    if (!m_session->has_tournament())
+        show_start_page();
+}
+
+void MainWindow::show_start_page()
+{
+    // The settings hold the list only once the boot has read them.
+    m_start->show_recent(m_session->booted() ? recent_files(m_session->settings()) : std::vector<std::string> {});
+    m_stack->setCurrentWidget(m_start);
+    // The toolbar's areas need a tournament: grey says so before a click does nothing.
+    for (Area area : toolbar_order)
+        m_buttons[index(area)]->setEnabled(false);
+    update_title(false);
 }
 
 void MainWindow::refresh_lists(Lists which)
@@ -371,10 +488,10 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
 }
 
-void MainWindow::update_title()
+void MainWindow::update_title(bool file_open)
 {
     QString title = QStringLiteral("quorvelin");
-    if (m_session->has_tournament())
+    if (file_open)
         title += QStringLiteral(" - ") + qs(m_session->current_file_name());
     setWindowTitle(title);
 }

@@ -2,6 +2,7 @@
 
 #include "core/session_host.h"
 #include "core/user_talk.h"
+#include "ui/command_table.h"
 
 #include <QColor>
 #include <QMainWindow>
@@ -22,6 +23,8 @@ class ControlPanel;
 class LinksWindow;
 class Session;
 class DrawArea;
+class StartPage;
+class ToolbarWindow;
 class TournamentArea;
 
 // The main window: the toolbar of work areas with their marker strips, the areas themselves and the menus.
@@ -48,6 +51,7 @@ public:
     void show_area(Area area, const Markers& markers) override;
     void set_generics(const std::string& caption, const std::string& tooltip) override;
     void busy(bool on) override;
+    void boot_ended() override;
     void defer(std::function<void()> action) override;
     void end_process() override;
 
@@ -57,6 +61,11 @@ public:
     bool process_ended() const { return m_ended; }
     QToolButton* area_button(Area area) const { return m_buttons.at(index(area)); }
     QToolButton* match_count_button() const { return m_match_counts; }
+    // "tools" and "feederapps": each shows while its window has a line that stands.
+    QToolButton* tools_button() const { return m_tools; }
+    QToolButton* feederapps_button() const { return m_feederapps; }
+    // The work area while no tournament is open.
+    StartPage* start_page() const { return m_start; }
     QColor marker_color(Area area) const { return m_marker_colors.at(index(area)); }
     QWidget* area_page(Area area) const { return m_pages.at(index(area)); }
     QWidget* current_page() const;
@@ -66,6 +75,10 @@ public:
 public slots:
     ControlPanel* open_control_panel();
     LinksWindow* open_links();
+    ToolbarWindow* open_tools();
+    ToolbarWindow* open_feederapps();
+    // F5: the area on show reads the tournament file again.
+    void refresh_current_area();
 
 signals:
     // The areas have read the tournament file just opened, at start or after a restart.
@@ -82,8 +95,15 @@ private:
     void connect_areas();
     void build_toolbar();
     void build_menus();
+    // The lines of the toolbar's two small windows, in order.
+    CommandTable tools_commands();
+    CommandTable feederapps_commands();
+    ToolbarWindow* open_toolbar_window(const QString& title, const CommandTable& table);
     void paint_marker(Area area, const QColor& color);
-    void update_title();
+    // The title names the open file, and only while one is open.
+    void update_title(bool file_open);
+    // No tournament: the start page with the files opened last, and the area buttons greyed.
+    void show_start_page();
     void open_page(const char* setting, const char* fallback);
 
     std::unique_ptr<UserTalk> m_own_talk;
@@ -91,7 +111,7 @@ private:
     std::unique_ptr<Session> m_session;
 
     QStackedWidget* m_stack = nullptr;
-    QWidget* m_no_file_page = nullptr;
+    StartPage* m_start = nullptr;
     TournamentArea* m_tournament = nullptr;
     DrawArea* m_draw = nullptr;
     std::array<QWidget*, 8> m_pages {};
@@ -101,8 +121,11 @@ private:
     std::array<QWidget*, 8> m_strips {};
     std::array<QColor, 8> m_marker_colors {};
     QToolButton* m_match_counts = nullptr;
+    QToolButton* m_tools = nullptr;
+    QToolButton* m_feederapps = nullptr;
     QPointer<ControlPanel> m_control_panel;
     QPointer<LinksWindow> m_links;
+    QPointer<ToolbarWindow> m_toolbar_window;
 
     bool m_busy = false;
     bool m_ended = false;

@@ -2,6 +2,7 @@
 
 #include "core/codepage.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -36,9 +37,10 @@ Notepad2::Notepad2(QWidget* parent)
     buttons->addWidget(m_save);
     buttons->addStretch();
     auto* layout = new QVBoxLayout(this);
-    layout->addLayout(buttons);
     layout->addWidget(m_text);
+    layout->addLayout(buttons);
     resize(700, 500);
+    close_on_escape(this);
 
     connect(m_print, &QPushButton::clicked, this, &Notepad2::print);
     connect(m_save, &QPushButton::clicked, this, &Notepad2::save);

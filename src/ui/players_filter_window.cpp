@@ -5,6 +5,7 @@
 #include "entries/main_lists.h"
 #include "ui/id_lists.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -73,6 +74,15 @@ PlayersFilterWindow::PlayersFilterWindow(
         m_order->addItem(qs(word));
     layout->addWidget(m_order);
     layout->addWidget(m_store);
+    // The order list and the button were made first but stand last.
+    std::vector<QWidget*> chain;
+    if (kind == PlayersFilterKind::with_sources)
+        chain = { m_all, m_tabs, m_use_event, m_events, m_use_folder, m_folders };
+    chain.insert(chain.end(), m_ticks.begin(), m_ticks.end());
+    chain.insert(chain.end(), { m_order, m_store });
+    set_tab_chain(chain);
+    chain.front()->setFocus();
+    set_main_button(this, m_store);
     connect(m_store, &QPushButton::clicked, this, &PlayersFilterWindow::store);
 
     m_loaded = load_player_filter(m_session.settings(), m_key);

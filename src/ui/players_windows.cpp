@@ -7,6 +7,7 @@
 #include "ui/id_lists.h"
 #include "ui/players_filter_window.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -33,33 +34,34 @@ namespace qv {
 
 namespace {
 
-// The boxes of the tabs after the names: column, caption, the longest text the register's files carry
-// (0: a many-line box).
+// The boxes of the tabs after the names: column, caption and whether the text runs over many lines. The register
+// takes each text whole: no box cuts what is typed.
 struct BoxInfo
 {
     const char* column;
     const char* caption;
-    int max_length;
+    bool many_lines;
 };
 
 const std::vector<std::pair<const char*, std::vector<BoxInfo>>>& tab_boxes()
 {
     static const std::vector<std::pair<const char*, std::vector<BoxInfo>>> tabs {
         { "contact",
-            { { "phone", "phone", 50 }, { "mobile", "cell/mobile", 50 }, { "email", "email", 200 },
-                { "dob", "dob", 50 }, { "password", "password", 50 }, { "address", "address", 100 },
-                { "city", "city", 50 }, { "state", "state", 50 }, { "postcode", "postcode/zip", 50 } } },
+            { { "phone", "phone", false }, { "mobile", "cell/mobile", false }, { "email", "email", false },
+                { "dob", "dob", false }, { "password", "password", false }, { "address", "address", false },
+                { "city", "city", false }, { "state", "state", false }, { "postcode", "postcode/zip", false } } },
         { "tournament",
-            { { "country", "from code", 50 }, { "club", "club", 50 }, { "ranking", "ranking", 50 },
-                { "rating", "rating", 50 }, { "availabilityrestrictions", "availability restrictions", 0 } } },
+            { { "country", "from code", false }, { "club", "club", false }, { "ranking", "ranking", false },
+                { "rating", "rating", false }, { "availabilityrestrictions", "availability restrictions", true } } },
         { "notes",
-            { { "notes", "notes", 0 }, { "results", "results", 0 }, { "message", "message", 0 },
-                { "tsd", "tournament specific data", 0 } } },
+            { { "notes", "notes", true }, { "results", "results", true }, { "message", "message", true },
+                { "tsd", "tournament specific data", true } } },
     };
     return tabs;
 }
 
-constexpr int name_length = 50;
+// Room for a name of this many characters; a longer one scrolls in its box and is kept whole.
+constexpr int name_room = 30;
 
 QString box_text(const QWidget* box)
 {
@@ -82,7 +84,7 @@ QLineEdit* name_box(const char* column, QWidget* parent)
 {
     auto* box = new QLineEdit(parent);
     box->setObjectName(QString::fromLatin1(column));
-    box->setMaxLength(name_length);
+    fit_characters(box, name_room);
     return box;
 }
 
@@ -173,14 +175,12 @@ PlayerFieldsBox::PlayerFieldsBox(QWidget* parent)
         auto* form = new QFormLayout(page);
         for (const auto& info : boxes) {
             QWidget* box = nullptr;
-            if (info.max_length > 0) {
-                auto* line = new QLineEdit(page);
-                line->setMaxLength(info.max_length);
-                box = line;
-            } else {
+            if (info.many_lines) {
                 auto* text = new QPlainTextEdit(page);
                 text->setTabChangesFocus(true);
                 box = text;
+            } else {
+                box = new QLineEdit(page);
             }
             box->setObjectName(QString::fromLatin1(info.column));
             form->addRow(QString::fromLatin1(info.caption), box);
@@ -196,6 +196,8 @@ PlayerFieldsBox::PlayerFieldsBox(QWidget* parent)
     layout->addWidget(m_lock_label);
     layout->addWidget(m_tabs);
 
+    // The option stands above the tabs, so Tab reaches it first.
+    set_tab_chain({ m_player, m_team, m_tabs, m_fname, m_sname, m_team_name, m_sex });
     connect(m_player, &QRadioButton::toggled, this, &PlayerFieldsBox::show_kind);
     show_kind();
 }
@@ -339,8 +341,8 @@ AddPlayerWindow::AddPlayerWindow(Session& session, Added on_added, QWidget* pare
     layout->addWidget(m_fields);
     layout->addLayout(buttons);
 
-    // A return in a box must not press a button by default: "save" is pressed on purpose.
-    m_save->setAutoDefault(false);
+    set_main_button(this, m_save);
+    m_fields->fname()->setFocus();
     connect(m_save, &QPushButton::clicked, this, &AddPlayerWindow::save);
     connect(m_clear, &QPushButton::clicked, this, &AddPlayerWindow::clear);
     connect(close_button, &QPushButton::clicked, this, &QDialog::close);
@@ -433,7 +435,8 @@ PlayersWindow::PlayersWindow(Session& session, QWidget* parent)
     auto* buttons = new QHBoxLayout;
     for (auto* b : { m_add, m_clear, m_save, m_delete })
         buttons->addWidget(b);
-    buttons->addWidget(players_beep_box(m_session, this));
+    auto* beep_box = players_beep_box(m_session, this);
+    buttons->addWidget(beep_box);
     buttons->addWidget(m_no_prompt);
     buttons->addStretch();
     for (auto* b : { m_text, rating_button, events_button })
@@ -444,11 +447,14 @@ PlayersWindow::PlayersWindow(Session& session, QWidget* parent)
     layout->addLayout(right, 0, 1);
     layout->addLayout(buttons, 1, 0, 1, 2);
     layout->setColumnStretch(1, 2);
-    for (auto* b : findChildren<QPushButton*>())
-        b->setAutoDefault(false);
+    set_main_button(this, m_save);
+    run_on_enter(m_search, [this] { search(); });
+    // The search above the list, the list, the fields beside it, then the row of buttons.
+    set_tab_chain({ m_search, m_search_button, m_list });
+    set_tab_chain({ m_add, m_clear, m_save, m_delete, beep_box, m_no_prompt, m_text, rating_button, events_button });
+    m_search->setFocus();
 
     connect(m_search_button, &QPushButton::clicked, this, &PlayersWindow::search);
-    connect(m_search, &QLineEdit::returnPressed, this, &PlayersWindow::search);
     connect(m_add, &QPushButton::clicked, this, &PlayersWindow::add_new);
     connect(m_clear, &QPushButton::clicked, this, &PlayersWindow::clear);
     connect(m_save, &QPushButton::clicked, this, &PlayersWindow::save);
@@ -503,6 +509,8 @@ void PlayersWindow::load_selected(bool again)
         m_downloaded->clear();
         m_save->setEnabled(false);
         m_delete->setEnabled(false);
+        // Typed into empty fields, a person is added.
+        m_add->setDefault(true);
         return;
     }
     if (record->pid == m_pid && !again)
@@ -514,6 +522,7 @@ void PlayersWindow::load_selected(bool again)
     m_timestamp->setText(qs(record->timestamp));
     m_downloaded->setText(downloaded_text(record->downloaded));
     m_save->setEnabled(true);
+    m_save->setDefault(true);
     m_delete->setEnabled(!locked);
 }
 
@@ -628,10 +637,8 @@ PlayerDetailsWindow::PlayerDetailsWindow(Session& session, PlayerTable table, QW
     m_fields->set_read_only(table == PlayerTable::peek_players);
     m_save->setEnabled(false);
     m_save->setVisible(table == PlayerTable::players);
-    m_save->setAutoDefault(false);
 
     auto* close_button = new QPushButton(QStringLiteral("close"), this);
-    close_button->setAutoDefault(false);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(new QLabel(QStringLiteral("timestamp"), this));
     buttons->addWidget(m_timestamp);
@@ -642,6 +649,7 @@ PlayerDetailsWindow::PlayerDetailsWindow(Session& session, PlayerTable table, QW
     layout->addWidget(m_names);
     layout->addWidget(m_fields);
     layout->addLayout(buttons);
+    set_main_button(this, m_save);
 
     connect(m_save, &QPushButton::clicked, this, &PlayerDetailsWindow::save);
     connect(close_button, &QPushButton::clicked, this, &QDialog::close);
@@ -730,7 +738,6 @@ PlayersDeleteWindow::PlayersDeleteWindow(Session& session, QWidget* parent)
     setWindowTitle(QStringLiteral("players delete"));
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_tag->setWordWrap(true);
-    m_delete->setAutoDefault(false);
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(m_no_prompt);
@@ -741,6 +748,8 @@ PlayersDeleteWindow::PlayersDeleteWindow(Session& session, QWidget* parent)
     layout->addWidget(m_tag);
     layout->addWidget(m_list);
     layout->addLayout(buttons);
+    // Deleting is never a key away.
+    no_main_button(this);
 
     connect(m_list, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
         if (m_list->row(item) == 0)

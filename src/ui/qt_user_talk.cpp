@@ -2,6 +2,7 @@
 
 #include "ui/notepad2.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -99,7 +100,7 @@ void QtUserTalk::show_text(const std::filesystem::path& file, std::string_view t
     auto* viewer = new Notepad2(m_parent);
     viewer->setWindowTitle(qs(title));
     viewer->load_file(file);
-    viewer->show();
+    show_over_parent(viewer);
 }
 
 void QtUserTalk::progress(std::string_view label)

@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -44,8 +45,8 @@ QPushButton* button_of(const QWidget* window, const QString& caption)
 QLineEdit* new_seed_box(QWidget* parent)
 {
     auto* box = new QLineEdit(parent);
-    // The whole-number test takes at most nine digits.
-    box->setMaxLength(9);
+    // Room for the nine digits the whole-number test takes; a longer number is refused by it, never cut here.
+    fit_characters(box, 9);
     return box;
 }
 
@@ -114,6 +115,10 @@ NewSeedingPatternWindow::NewSeedingPatternWindow(Session& session, QWidget* pare
     lists->addLayout(right);
     layout->addLayout(lists);
     layout->addLayout(buttons);
+    set_main_button(this, button(QStringLiteral("save")));
+    run_on_enter(m_seed, [this] { set(); });
+    set_tab_chain({ m_sizes, m_name, m_positions, m_seed, button(QStringLiteral("set")),
+        button(QStringLiteral("clear")), button(QStringLiteral("save")), button(QStringLiteral("close")) });
 
     connect(m_sizes, &QListWidget::currentRowChanged, this, &NewSeedingPatternWindow::choose_size);
     connect(button(QStringLiteral("set")), &QPushButton::clicked, this, &NewSeedingPatternWindow::set);
@@ -200,6 +205,9 @@ SeedingPatternsWindow::SeedingPatternsWindow(Session& session, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(grid);
     layout->addLayout(buttons);
+    set_main_button(this, button(QStringLiteral("save")));
+    run_on_enter(m_seed, [this] { set(); });
+    set_tab_chain({ m_sizes, m_patterns, m_positions, m_name, m_seed, button(QStringLiteral("delete")) });
 
     button(QStringLiteral("screenscrape"))->setVisible(seeding_export_allowed(m_session));
 

@@ -499,7 +499,7 @@ TEST_F(KoGenerationTest, DoDrawDeletesFirstAndSendsRoundRobinsToTheirGenerator)
     session.settings().apply_disk_var("draw.byes_thru_on_do_draw ", "1");
     talk.answers.push_back(Answer::Yes);
     DODRAW(session, open, random, hooks);
-    EXPECT_EQ(shown, 2);
+    EXPECT_EQ(shown, 3) << "the old draw leaves the screen, then the new one shows";
     EXPECT_EQ(byes_sent, 1);
 
     auto rr = draw_for(2);

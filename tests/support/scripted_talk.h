@@ -3,6 +3,7 @@
 #include "core/user_talk.h"
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,8 @@ public:
     std::deque<Answer> answers;
     std::deque<std::vector<std::filesystem::path>> files;
     std::vector<Said> said;
+    // Runs while a question is open, before it is answered: what the screen shows meanwhile.
+    std::function<void()> while_asking;
 
     void message(std::string_view text, std::string_view title = {}) override
     {
@@ -30,6 +33,8 @@ public:
     Answer ask(std::string_view question, std::string_view title, Buttons buttons) override
     {
         said.push_back({ "ask", std::string(question), std::string(title) });
+        if (while_asking)
+            while_asking();
         if (answers.empty())
             return buttons == Buttons::Ok || buttons == Buttons::OkCancel ? Answer::Ok : Answer::No;
         Answer answer = answers.front();

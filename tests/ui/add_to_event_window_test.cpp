@@ -21,21 +21,6 @@ namespace {
 
 using Tab = AddToEventWindow::Tab;
 
-QStringList lines_of(const QListWidget* list)
-{
-    QStringList lines;
-    for (int row = 0; row < list->count(); ++row)
-        lines << list->item(row)->text();
-    return lines;
-}
-
-void pick(QListWidget* list, const QString& text)
-{
-    const auto found = list->findItems(text, Qt::MatchExactly);
-    ASSERT_EQ(found.size(), 1) << text.toStdString();
-    list->setCurrentItem(found.front(), QItemSelectionModel::Select);
-}
-
 class AddToEventWindowTest : public ::testing::Test
 {
 protected:
@@ -75,10 +60,10 @@ TEST_F(AddToEventWindowTest, SelectedPlayersGoIntoTheTargetAndTheReportIsRead)
     EXPECT_EQ(window->objectName(), "addtoevent");
     EXPECT_EQ(window->windowTitle(), "add players to events");
     auto* players = window->source(Tab::players).list;
-    EXPECT_EQ(lines_of(players), (QStringList { "set filter...", "Al West", "Bo Dee", "Di Fox" }));
+    EXPECT_EQ(test::lines_of(players), (QStringList { "set filter...", "Al West", "Bo Dee", "Di Fox" }));
     EXPECT_TRUE(window->players_tag()->text().startsWith("male: 1"));
-    EXPECT_EQ(
-        lines_of(window->targets().list), (QStringList { "set filter...", "(1)mens singles", "(2)open doubles" }));
+    EXPECT_EQ(test::lines_of(window->targets().list),
+        (QStringList { "set filter...", "(1)mens singles", "(2)open doubles" }));
 
     // Two searches select two people.
     window->source(Tab::players).find->setText(QStringLiteral("al"));
@@ -89,7 +74,7 @@ TEST_F(AddToEventWindowTest, SelectedPlayersGoIntoTheTargetAndTheReportIsRead)
     EXPECT_EQ(talk.last_message(), "choose target event");
     EXPECT_EQ(entries(), "");
 
-    pick(window->targets().list, QStringLiteral("(1)mens singles"));
+    test::select_line(window->targets().list, QStringLiteral("(1)mens singles"));
     talk.answers.push_back(Answer::Yes);
     window->add_button(Tab::players)->click();
     ASSERT_GE(talk.said.size(), 2u);
@@ -107,8 +92,8 @@ TEST_F(AddToEventWindowTest, SelectedPlayersGoIntoTheTargetAndTheReportIsRead)
     window->tabs()->setCurrentIndex(1);
     window->sets()->setCurrentText(QStringLiteral("all players NOT in a draw"));
     window->source(Tab::sets).load->click();
-    EXPECT_EQ(lines_of(window->source(Tab::sets).list), (QStringList { "Al West", "Bo Dee", "Di Fox" }));
-    pick(window->source(Tab::sets).list, QStringLiteral("Bo Dee"));
+    EXPECT_EQ(test::lines_of(window->source(Tab::sets).list), (QStringList { "Al West", "Bo Dee", "Di Fox" }));
+    test::select_line(window->source(Tab::sets).list, QStringLiteral("Bo Dee"));
     window->reserve_box(Tab::sets)->setChecked(true);
     talk.clear();
     window->add_button(Tab::sets)->click();
@@ -123,24 +108,24 @@ TEST_F(AddToEventWindowTest, AnEventsPairIsSplitAndOneHalfAdded)
 {
     AddToEventWindow window(session);
     window.show();
-    pick(window.source_events(), QStringLiteral("(2)open doubles"));
-    EXPECT_EQ(lines_of(window.criteria()), (QStringList { "all players entered", "all reserves" }));
-    EXPECT_EQ(lines_of(window.source(Tab::events).list), QStringList { "Bo Dee/Di Fox" });
+    test::select_line(window.source_events(), QStringLiteral("(2)open doubles"));
+    EXPECT_EQ(test::lines_of(window.criteria()), (QStringList { "all players entered", "all reserves" }));
+    EXPECT_EQ(test::lines_of(window.source(Tab::events).list), QStringList { "Bo Dee/Di Fox" });
 
     window.split_button()->click();
     EXPECT_EQ(talk.last_message(), "select player");
-    pick(window.source(Tab::events).list, QStringLiteral("Bo Dee/Di Fox"));
+    test::select_line(window.source(Tab::events).list, QStringLiteral("Bo Dee/Di Fox"));
     window.split_button()->click();
-    EXPECT_EQ(lines_of(window.split_list()), (QStringList { "Bo Dee", "Di Fox" }));
-    pick(window.split_list(), QStringLiteral("Di Fox"));
-    pick(window.targets().list, QStringLiteral("(1)mens singles"));
+    EXPECT_EQ(test::lines_of(window.split_list()), (QStringList { "Bo Dee", "Di Fox" }));
+    test::select_line(window.split_list(), QStringLiteral("Di Fox"));
+    test::select_line(window.targets().list, QStringLiteral("(1)mens singles"));
     talk.answers.push_back(Answer::No);
     const auto report = window.add_split();
     EXPECT_EQ(report.errors, 1);
     EXPECT_EQ(talk.said.back().text, "No players added,1 errors detected, would you like to view the errors");
 
     // The whole pair from the event: a doubles entry into singles makes two entries, one refused by sex.
-    pick(window.source(Tab::events).list, QStringLiteral("Bo Dee/Di Fox"));
+    test::select_line(window.source(Tab::events).list, QStringLiteral("Bo Dee/Di Fox"));
     talk.clear();
     window.add_button(Tab::events)->click();
     EXPECT_EQ(talk.said.back().text, "1 players added ,1 errors detected, would you like to view the errors");
@@ -154,7 +139,7 @@ TEST_F(AddToEventWindowTest, AnEventsPairIsSplitAndOneHalfAdded)
     players_filter->tick(1)->setChecked(false);
     players_filter->store_button()->click();
     EXPECT_TRUE(test::run_main_loop_until([&] { return filter.isNull(); }));
-    EXPECT_EQ(lines_of(window.source(Tab::players).list), (QStringList { "set filter...", "Al West", "Bo Dee" }));
+    EXPECT_EQ(test::lines_of(window.source(Tab::players).list), (QStringList { "set filter...", "Al West", "Bo Dee" }));
 }
 
 } // namespace

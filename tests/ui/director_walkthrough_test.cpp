@@ -11,13 +11,13 @@
 #include "ui/events_windows.h"
 #include "ui/main_window.h"
 #include "ui/players_windows.h"
+#include "ui/toolbar_windows.h"
 #include "ui/tournament_area.h"
+#include "ui_test_support.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMenuBar>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
@@ -25,30 +25,14 @@
 namespace qv {
 namespace {
 
-template <class Window> Window* last_opened(const QWidget& parent)
+// A line of the toolbar's "tools" window.
+void use_tool(MainWindow& window, const QString& caption)
 {
-    const auto windows = parent.findChildren<Window*>();
-    return windows.isEmpty() ? nullptr : windows.back();
-}
-
-void trigger_menu(QMainWindow& window, const QString& menu, const QString& action)
-{
-    for (auto* top : window.menuBar()->actions())
-        if (top->text() == menu)
-            for (auto* item : top->menu()->actions())
-                if (item->text() == action) {
-                    item->trigger();
-                    return;
-                }
-    FAIL() << "no menu line " << action.toStdString();
-}
-
-void click_operation(TournamentArea& area, OperationList which, const QString& caption)
-{
-    auto* list = area.operations(which);
-    const auto found = list->findItems(caption, Qt::MatchExactly);
-    ASSERT_EQ(found.size(), 1) << caption.toStdString();
-    emit list->itemClicked(found.front());
+    auto* tools = window.open_tools();
+    ASSERT_NE(tools, nullptr);
+    auto* button = tools->button(caption);
+    ASSERT_NE(button, nullptr) << caption.toStdString();
+    button->click();
 }
 
 TEST(DirectorWalkthroughTest, FromAnEmptyFileToASavedChampion)
@@ -64,8 +48,8 @@ TEST(DirectorWalkthroughTest, FromAnEmptyFileToASavedChampion)
     auto& db = session.tournament();
 
     // Six players typed one after the other into "add new player".
-    trigger_menu(window, "tools", "add new player");
-    auto* add_player = last_opened<AddPlayerWindow>(window);
+    use_tool(window, "add new player");
+    auto* add_player = test::last_opened<AddPlayerWindow>(window);
     ASSERT_NE(add_player, nullptr);
     const char* names[][2] = { { "ann", "archer" }, { "bob", "baker" }, { "cy", "cole" }, { "di", "dunn" },
         { "ed", "egan" }, { "flo", "ford" } };
@@ -77,8 +61,8 @@ TEST(DirectorWalkthroughTest, FromAnEmptyFileToASavedChampion)
     EXPECT_EQ(window.tournament_area()->players()->count(), 6);
 
     // One event from "add new event".
-    trigger_menu(window, "tools", "add new event");
-    auto* add_event = last_opened<AddEventWindow>(window);
+    use_tool(window, "add new event");
+    auto* add_event = test::last_opened<AddEventWindow>(window);
     ASSERT_NE(add_event, nullptr);
     add_event->fields()->name()->setText("open singles");
     add_event->fields()->sex()->setCurrentText("neutral");
@@ -88,8 +72,8 @@ TEST(DirectorWalkthroughTest, FromAnEmptyFileToASavedChampion)
     // Everyone entered through "add to event".
     session.ishow(Area::mainform);
     auto& area = *window.tournament_area();
-    click_operation(area, OperationList::players, "add to event");
-    auto* add_to = last_opened<AddToEventWindow>(window);
+    test::click_operation(area, OperationList::players, "add to event");
+    auto* add_to = test::last_opened<AddToEventWindow>(window);
     ASSERT_NE(add_to, nullptr);
     auto* players = add_to->source(AddToEventWindow::Tab::players).list;
     for (int row = 1; row < players->count(); ++row)
@@ -104,7 +88,7 @@ TEST(DirectorWalkthroughTest, FromAnEmptyFileToASavedChampion)
     area.events()->setCurrentRow(0);
     EXPECT_EQ(area.entries()->count(), 6);
     window.draw_area()->set_random(std::make_unique<SeededDrawRandom>(7));
-    click_operation(area, OperationList::events, "show draw");
+    test::click_operation(area, OperationList::events, "show draw");
     ASSERT_EQ(session.current_area(), Area::draw);
     auto& draw_area = *window.draw_area();
     draw_area.button(QStringLiteral("do draw"))->click();

@@ -6,6 +6,7 @@
 #include "support/temp_app_dir.h"
 #include "ui/draw_area.h"
 #include "ui/drawconfig_window.h"
+#include "ui_test_support.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -26,14 +27,6 @@ namespace qv {
 namespace {
 
 namespace fs = std::filesystem;
-
-QStringList lines_of(const QListWidget* list)
-{
-    QStringList lines;
-    for (int row = 0; row < list->count(); ++row)
-        lines << list->item(row)->text();
-    return lines;
-}
 
 void select_lines(QListWidget* list, const QStringList& texts)
 {
@@ -93,18 +86,18 @@ TEST_F(DrawWindowsTest, SeedsAreConfiguredMovedAndSaved)
 
     select_lines(window.list(ConfigList::players), { "al Player103", "al Player101" });
     window.button(QStringLiteral("players_to_seeds"))->click();
-    EXPECT_EQ(lines_of(window.list(ConfigList::seeds)), QStringList({ "(1)al Player101", "(2)al Player103" }));
+    EXPECT_EQ(test::lines_of(window.list(ConfigList::seeds)), QStringList({ "(1)al Player101", "(2)al Player103" }));
     EXPECT_EQ(window.count_label(ConfigList::players)->text(), QStringLiteral("3"));
 
     select_lines(window.list(ConfigList::seeds), { "(2)al Player103" });
     window.button(QStringLiteral("seed_up"))->click();
-    EXPECT_EQ(lines_of(window.list(ConfigList::seeds)), QStringList({ "(1)al Player103", "(2)al Player101" }));
+    EXPECT_EQ(test::lines_of(window.list(ConfigList::seeds)), QStringList({ "(1)al Player103", "(2)al Player101" }));
     ASSERT_EQ(window.list(ConfigList::seeds)->selectedItems().size(), 1);
     EXPECT_EQ(window.list(ConfigList::seeds)->selectedItems().front()->text(), QStringLiteral("(1)al Player103"));
 
     select_lines(window.list(ConfigList::players), { "al Player105" });
     window.button(QStringLiteral("players_to_reserves"))->click();
-    EXPECT_EQ(lines_of(window.list(ConfigList::reserves)), QStringList({ "al Player105" }));
+    EXPECT_EQ(test::lines_of(window.list(ConfigList::reserves)), QStringList({ "al Player105" }));
 
     // The shown size counts the open places at once, and the box takes no more than 128.
     window.box(ConfigBox::wildcards)->setText(QStringLiteral("200"));
@@ -170,7 +163,7 @@ TEST_F(DrawWindowsTest, AnEventWithADrawIsShownButLocked)
     DrawConfigWindow window(session, 1);
     EXPECT_TRUE(window.locked_note()->isVisibleTo(&window));
     EXPECT_EQ(window.locked_note()->text(), QStringLiteral("delete draw to edit draw configuration"));
-    EXPECT_EQ(lines_of(window.list(ConfigList::seeds)), QStringList({ "(1)al Player101" }));
+    EXPECT_EQ(test::lines_of(window.list(ConfigList::seeds)), QStringList({ "(1)al Player101" }));
     for (const char* name : { "save", "players_to_seeds", "seed_up", "set_wildcards", "remove_entries" })
         EXPECT_FALSE(window.button(QString::fromLatin1(name))->isEnabled()) << name;
     EXPECT_FALSE(window.type_line()->isEnabled());
@@ -223,7 +216,7 @@ TEST_F(DrawAreaTest, ADrawIsMadePlayedSavedAndRolledBack)
     add_event(1, "mens singles", 5, 2);
     add_event(2, "ladies singles", 3);
     area->init();
-    EXPECT_EQ(lines_of(area->events()), QStringList({ "set filter...", "(1)mens singles", "(2)ladies singles" }));
+    EXPECT_EQ(test::lines_of(area->events()), QStringList({ "set filter...", "(1)mens singles", "(2)ladies singles" }));
 
     // The draw configuration of the chosen event, and its seeds at work in the draw.
     ASSERT_TRUE(area->choose_event(1));
@@ -277,6 +270,50 @@ TEST_F(DrawAreaTest, ADrawIsMadePlayedSavedAndRolledBack)
     EXPECT_EQ(count("select count(*) from schedule where eid=? and changed=1", 1), 0);
 }
 
+TEST_F(DrawAreaTest, DoDrawKeepsTheDrawOnShowWhileItAsksAndOnlyYesReplacesIt)
+{
+    add_event(1, "mens singles", 4);
+    area->init();
+    EXPECT_EQ(area->current_page(), area->hint());
+    EXPECT_EQ(area->hint()->text().toStdString(), draw_area_hint(false));
+    ASSERT_TRUE(area->choose_event(1));
+    EXPECT_EQ(area->current_page(), area->hint());
+    EXPECT_NE(area->hint()->text().indexOf("\"do draw\""), -1) << "a drawless event says how its draw is made";
+
+    area->do_draw();
+    area->save_draw();
+    ASSERT_EQ(area->current_page(), area->view());
+    const auto first_round = [this] {
+        std::vector<std::string> names;
+        for (int p = 1; p <= 4; ++p)
+            names.push_back(draw().slot(1, p).ttt);
+        return names;
+    };
+    const auto drawn = first_round();
+    int items_while_asking = -1;
+    QWidget* page_while_asking = nullptr;
+    talk.while_asking = [&] {
+        items_while_asking = area->view()->item_count();
+        page_while_asking = area->current_page();
+    };
+    for (Answer answer : { Answer::No, Answer::Cancel, Answer::Yes }) {
+        SCOPED_TRACE(int(answer));
+        items_while_asking = -1;
+        talk.answers = { answer };
+        area->button(QStringLiteral("do draw"))->click();
+        EXPECT_EQ(talk.said.back().text,
+            "This will delete the draw data including any schedule data that may exist,continue?");
+        EXPECT_EQ(items_while_asking, 7);
+        EXPECT_EQ(page_while_asking, area->view());
+        EXPECT_EQ(area->view()->item_count(), 7);
+        EXPECT_EQ(count("select count(*) from schedule where eid=?", 1), answer == Answer::Yes ? 0 : 4);
+        if (answer != Answer::Yes) {
+            EXPECT_EQ(first_round(), drawn);
+        }
+    }
+    EXPECT_TRUE(draw().draw.new_draw) << "Yes: a new draw, not yet saved";
+}
+
 TEST_F(DrawAreaTest, LeavingADrawWithChangesAsksFirst)
 {
     add_event(1, "mens singles", 4);
@@ -321,7 +358,8 @@ TEST_F(DrawAreaTest, DoAllDrawsDrawsAndSavesEveryEventWithoutADraw)
     EXPECT_EQ(count("select count(*) from schedule where eid=?", 1), 4);
     EXPECT_EQ(count("select count(*) from schedule where eid=?", 2), 8);
     EXPECT_EQ(count("select count(*) from schedule where eid=?", 3), 0);
-    EXPECT_EQ(lines_of(area->events()).mid(1), QStringList({ "*(1)mens singles", "*(2)ladies singles", "(3)empty" }));
+    EXPECT_EQ(
+        test::lines_of(area->events()).mid(1), QStringList({ "*(1)mens singles", "*(2)ladies singles", "(3)empty" }));
 }
 
 TEST_F(DrawAreaTest, DoAllDrawsLeavesEventsTheFilterHides)
@@ -331,7 +369,7 @@ TEST_F(DrawAreaTest, DoAllDrawsLeavesEventsTheFilterHides)
     db->run("update events set singdobs='doubles' where eid=2");
     store_event_filter(session.settings(), filter_keys::draw_events, { "singles", "*", "*", "*", "*", "event number" });
     area->init();
-    ASSERT_EQ(lines_of(area->events()).mid(1), QStringList({ "(1)mens singles" }));
+    ASSERT_EQ(test::lines_of(area->events()).mid(1), QStringList({ "(1)mens singles" }));
     area->button(QStringLiteral("do all draws"))->click();
     EXPECT_EQ(talk.last_message(), "ok");
     EXPECT_EQ(count("select count(*) from schedule where eid=?", 1), 4);

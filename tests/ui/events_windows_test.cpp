@@ -23,28 +23,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-QStringList lines_of(const QListWidget* list)
-{
-    QStringList lines;
-    for (int row = 0; row < list->count(); ++row)
-        lines << list->item(row)->text();
-    return lines;
-}
-
-void select(QListWidget* list, const QString& text)
-{
-    const auto found = list->findItems(text, Qt::MatchExactly);
-    ASSERT_EQ(found.size(), 1) << text.toStdString();
-    found.front()->setSelected(true);
-    list->setCurrentItem(found.front());
-}
-
-std::string bytes_of(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return { std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>() };
-}
-
 // The main window reads its tournament area again when told a list changed; so does this host.
 class AreaHost : public test::FakeHost
 {
@@ -114,7 +92,7 @@ TEST_F(EventsWindowsTest, AnEventAddedThroughItsWindowShowsInTheTournamentArea)
     fields->type()->setCurrentText(QStringLiteral("teams only"));
     add->save_button()->click();
 
-    EXPECT_EQ(lines_of(area.events()), QStringList { "(1)Open Pairs" });
+    EXPECT_EQ(test::lines_of(area.events()), QStringList { "(1)Open Pairs" });
     EXPECT_EQ(area.event_count(), "1");
     EXPECT_EQ(session.tournament().scalar_text(
                   "select eventname || fee || singdobs || sex || pte || drawtype || pts from events"),
@@ -130,7 +108,6 @@ TEST_F(EventsWindowsTest, AnEventAddedThroughItsWindowShowsInTheTournamentArea)
     EXPECT_TRUE(fields->fee()->text().isEmpty());
     EXPECT_EQ(fields->singdobs()->currentText(), "singles");
     EXPECT_EQ(fields->fee_label()->text(), "event fee");
-    add->grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/addnew_event.png"));
     add->close();
     EXPECT_TRUE(test::run_main_loop_until([&] { return add.isNull(); }));
 }
@@ -179,9 +156,10 @@ TEST_F(EventsWindowsTest, EditingLocksWhatEntriesAndADrawHold)
 {
     fill();
     AdminEventsWindow edit(session);
-    EXPECT_EQ(lines_of(edit.events()), (QStringList { "(3)girls singles", "*(1)mens singles", "(2)mixed doubles" }));
+    EXPECT_EQ(
+        test::lines_of(edit.events()), (QStringList { "(3)girls singles", "*(1)mens singles", "(2)mixed doubles" }));
 
-    select(edit.events(), "*(1)mens singles");
+    test::select_line(edit.events(), "*(1)mens singles");
     auto* fields = edit.fields();
     EXPECT_EQ(fields->name()->text(), "mens singles");
     EXPECT_FALSE(fields->sex()->isEnabled());
@@ -202,16 +180,16 @@ TEST_F(EventsWindowsTest, EditingLocksWhatEntriesAndADrawHold)
                   "select count(*) from evententries where en='boys singles' and eventfee='12'"),
         2);
     EXPECT_EQ(edit.events()->currentItem()->text(), "*(1)boys singles");
-    EXPECT_TRUE(lines_of(area.events()).contains("*(1)boys singles"));
+    EXPECT_TRUE(test::lines_of(area.events()).contains("*(1)boys singles"));
 
-    select(edit.events(), "(2)mixed doubles");
+    test::select_line(edit.events(), "(2)mixed doubles");
     EXPECT_EQ(fields->fee_label()->text(), "event fee (per player)");
     EXPECT_EQ(fields->type()->currentText(), "teams only");
     EXPECT_FALSE(fields->sex()->isEnabled());
     EXPECT_TRUE(edit.delete_button()->isEnabled());
     EXPECT_TRUE(edit.drawdone_lock()->text().isEmpty());
 
-    select(edit.events(), "(3)girls singles");
+    test::select_line(edit.events(), "(3)girls singles");
     EXPECT_TRUE(fields->sex()->isEnabled());
     EXPECT_TRUE(edit.entries_lock()->text().isEmpty());
     fields->name()->setText(QStringLiteral("womens singles"));
@@ -224,7 +202,7 @@ TEST_F(EventsWindowsTest, EditingLocksWhatEntriesAndADrawHold)
     EXPECT_FALSE(edit.save());
     ASSERT_EQ(talk.said.size(), 1u);
     EXPECT_EQ(talk.said[0].title, "event error check");
-    EXPECT_EQ(bytes_of(talk.said[0].text),
+    EXPECT_EQ(test::bytes_of(talk.said[0].text),
         "(3)womens singles,event is neutral event but contains word 'women'\r\n"
         "(3)womens singles,event is neutral event but contains word 'womens'\r\n");
     EXPECT_EQ(session.tournament().scalar_text("select eventname || sex || pte from events where eid=3"),
@@ -254,7 +232,7 @@ TEST_F(EventsWindowsTest, EditWindowSearchesChecksAndDeletesOne)
     EXPECT_FALSE(edit.errors());
     ASSERT_EQ(talk.said.size(), 1u);
     EXPECT_EQ(talk.said[0].title, "event error check");
-    EXPECT_EQ(bytes_of(talk.said[0].text), "no errors found\r\n");
+    EXPECT_EQ(test::bytes_of(talk.said[0].text), "no errors found\r\n");
 
     edit.clear();
     EXPECT_EQ(edit.shown_event(), 0);
@@ -264,11 +242,11 @@ TEST_F(EventsWindowsTest, EditWindowSearchesChecksAndDeletesOne)
     EXPECT_EQ(talk.messages(), std::vector<std::string> { "Select event(s) to delete" });
 
     edit.no_prompt()->setChecked(true);
-    select(edit.events(), "(3)girls singles");
+    test::select_line(edit.events(), "(3)girls singles");
     talk.clear();
     EXPECT_TRUE(edit.remove());
     EXPECT_EQ(talk.messages(), std::vector<std::string> { "girls singles deleted" });
-    EXPECT_EQ(lines_of(edit.events()), (QStringList { "*(1)mens singles", "(2)mixed doubles" }));
+    EXPECT_EQ(test::lines_of(edit.events()), (QStringList { "*(1)mens singles", "(2)mixed doubles" }));
     EXPECT_EQ(edit.shown_event(), 0);
     EXPECT_EQ(area.event_count(), "2");
 }
@@ -278,7 +256,7 @@ TEST_F(EventsWindowsTest, DeletingThreeOfWhichOneHasADrawReportsIt)
     fill();
     session.settings().set_disk_var("admin_events_manage_filter", "*^*^*^*^*^event number");
     EventsManageWindow manage(session);
-    EXPECT_EQ(lines_of(manage.events()),
+    EXPECT_EQ(test::lines_of(manage.events()),
         (QStringList { "set filter...", "*(1)mens singles", "(2)mixed doubles", "(3)girls singles" }));
     for (int row = 1; row < 4; ++row)
         manage.events()->item(row)->setSelected(true);
@@ -290,12 +268,12 @@ TEST_F(EventsWindowsTest, DeletingThreeOfWhichOneHasADrawReportsIt)
     EXPECT_EQ(talk.said[1].text, "2 events deleted,1 errors,view the errors?");
     EXPECT_EQ(talk.said[2].kind, "text");
     EXPECT_EQ(talk.said[2].title, "delete events errors");
-    EXPECT_EQ(bytes_of(talk.said[2].text),
+    EXPECT_EQ(test::bytes_of(talk.said[2].text),
         "cannot delete mens singles,drawdone, delete draw first.\r\n"
         "mixed doubles deleted\r\n"
         "girls singles deleted\r\n");
-    EXPECT_EQ(lines_of(manage.events()), (QStringList { "set filter...", "*(1)mens singles" }));
-    EXPECT_EQ(lines_of(area.events()), QStringList { "*(1)mens singles" });
+    EXPECT_EQ(test::lines_of(manage.events()), (QStringList { "set filter...", "*(1)mens singles" }));
+    EXPECT_EQ(test::lines_of(area.events()), QStringList { "*(1)mens singles" });
 }
 
 } // namespace

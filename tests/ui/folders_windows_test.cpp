@@ -21,22 +21,6 @@
 namespace qv {
 namespace {
 
-QStringList lines_of(const QListWidget* list)
-{
-    QStringList lines;
-    for (int row = 0; row < list->count(); ++row)
-        lines << list->item(row)->text();
-    return lines;
-}
-
-void select(QListWidget* list, const QString& text)
-{
-    const auto found = list->findItems(text, Qt::MatchExactly);
-    ASSERT_EQ(found.size(), 1) << text.toStdString();
-    found.front()->setSelected(true);
-    list->setCurrentItem(found.front());
-}
-
 class FoldersWindowsTest : public ::testing::Test
 {
 protected:
@@ -64,7 +48,7 @@ TEST_F(FoldersWindowsTest, AddAFolderAndMoveAPlayerIntoIt)
     add->name()->setText(QStringLiteral("juniors"));
     add->save_button()->click();
     EXPECT_TRUE(add->name()->text().isEmpty());
-    EXPECT_EQ(lines_of(folders.folders()), QStringList { "juniors" });
+    EXPECT_EQ(test::lines_of(folders.folders()), QStringList { "juniors" });
     // The same name again is refused through the user's box.
     add->name()->setText(QStringLiteral(" Juniors"));
     add->save_button()->click();
@@ -73,12 +57,12 @@ TEST_F(FoldersWindowsTest, AddAFolderAndMoveAPlayerIntoIt)
 
     FoldersAssignWindow assign(session);
     assign.show();
-    EXPECT_EQ(lines_of(assign.filtered()), (QStringList { "set filter...", "Al West", "Bea Cole" }));
+    EXPECT_EQ(test::lines_of(assign.filtered()), (QStringList { "set filter...", "Al West", "Bea Cole" }));
     EXPECT_TRUE(assign.filter_tag()->text().startsWith("all players male: 1"));
-    select(assign.filtered(), "Bea Cole");
-    select(assign.folders(), "juniors");
+    test::select_line(assign.filtered(), "Bea Cole");
+    test::select_line(assign.folders(), "juniors");
     assign.move_in_button()->click();
-    EXPECT_EQ(lines_of(assign.folder_players()), QStringList { "Bea Cole" });
+    EXPECT_EQ(test::lines_of(assign.folder_players()), QStringList { "Bea Cole" });
     assign.grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/players_folders_assign.png"));
 
     // The filter by folder now lists only her, and the window reads its list again.
@@ -87,16 +71,16 @@ TEST_F(FoldersWindowsTest, AddAFolderAndMoveAPlayerIntoIt)
     ASSERT_NE(filter, nullptr);
     filter->use_folder()->setChecked(true);
     EXPECT_FALSE(filter->all_players()->isChecked());
-    select(filter->folder_list(), "juniors");
+    test::select_line(filter->folder_list(), "juniors");
     filter->store_button()->click();
     EXPECT_TRUE(test::run_main_loop_until([&] { return filter_window.isNull(); }));
     EXPECT_EQ(session.settings().text("players_folders_assign_filter"), "3^1^1^1^1^1^1^1^order by player");
-    EXPECT_EQ(lines_of(assign.filtered()), (QStringList { "set filter...", "Bea Cole" }));
+    EXPECT_EQ(test::lines_of(assign.filtered()), (QStringList { "set filter...", "Bea Cole" }));
     EXPECT_TRUE(assign.filter_tag()->text().startsWith("folder id: 1 "));
 
     folders.refresh();
-    select(folders.folders(), "juniors");
-    EXPECT_EQ(lines_of(folders.players()), QStringList { "Bea Cole" });
+    test::select_line(folders.folders(), "juniors");
+    EXPECT_EQ(test::lines_of(folders.players()), QStringList { "Bea Cole" });
 }
 
 TEST_F(FoldersWindowsTest, FilterWindowsStoreUnderTheCallersKey)

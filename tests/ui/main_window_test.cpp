@@ -3,16 +3,23 @@
 #include "support/temp_app_dir.h"
 #include "ui/clear_data_dialog.h"
 #include "ui/colors.h"
+#include "ui/command_table.h"
 #include "ui/control_panel.h"
+#include "ui/events_windows.h"
 #include "ui/main_window.h"
+#include "ui/toolbar_windows.h"
 #include "ui/tournament_area.h"
 #include "ui_test_support.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPointer>
 #include <QPushButton>
+#include <QSet>
 #include <QToolButton>
 
 #include <filesystem>
@@ -23,19 +30,29 @@ namespace {
 
 namespace fs = std::filesystem;
 
-QStringList lines_of(const QListWidget* list)
+// The lines of a menu as the user reads them; "-" a separator.
+QStringList menu_lines(const QMenu* menu)
 {
     QStringList lines;
-    for (int row = 0; row < list->count(); ++row)
-        lines << list->item(row)->text();
+    for (const auto* action : menu->actions())
+        lines << (action->isSeparator() ? QStringLiteral("-") : plain_caption(action->text()));
     return lines;
 }
 
-void select(QListWidget* list, const QString& text)
+QMenu* menu_of(const MainWindow& window, const QString& title)
 {
-    const auto found = list->findItems(text, Qt::MatchExactly);
-    ASSERT_EQ(found.size(), 1) << text.toStdString();
-    list->setCurrentItem(found.front());
+    for (auto* action : window.menuBar()->actions())
+        if (plain_caption(action->text()) == title)
+            return action->menu();
+    return nullptr;
+}
+
+QAction* line_of(const MainWindow& window, const QString& menu, const QString& caption)
+{
+    for (auto* action : menu_of(window, menu)->actions())
+        if (plain_caption(action->text()) == caption)
+            return action;
+    return nullptr;
 }
 
 class MainWindowTest : public ::testing::Test
@@ -124,21 +141,21 @@ TEST_F(MainWindowTest, RefreshShowsEventsEntriesPlayersAndCounts)
     EXPECT_EQ(area().events()->count(), 0) << "lists show what they last read until refreshed";
     area().refresh_button()->click();
 
-    EXPECT_EQ(lines_of(area().events()), QStringList({ "*(1)mens singles", "(2)mixed doubles" }));
-    EXPECT_EQ(lines_of(area().players()), QStringList({ "ann smith", "bob jones" }));
+    EXPECT_EQ(test::lines_of(area().events()), QStringList({ "*(1)mens singles", "(2)mixed doubles" }));
+    EXPECT_EQ(test::lines_of(area().players()), QStringList({ "ann smith", "bob jones" }));
     EXPECT_EQ(area().event_count(), "2");
     EXPECT_EQ(area().entry_count(), "3");
 
-    select(area().events(), "*(1)mens singles");
-    EXPECT_EQ(lines_of(area().entries()), QStringList({ "ann smith" }));
+    test::select_line(area().events(), "*(1)mens singles");
+    EXPECT_EQ(test::lines_of(area().entries()), QStringList({ "ann smith" }));
     area().entry_button(EntryList::reserve)->click();
-    EXPECT_EQ(lines_of(area().entries()), QStringList({ "bob jones" }));
-    select(area().events(), "(2)mixed doubles");
+    EXPECT_EQ(test::lines_of(area().entries()), QStringList({ "bob jones" }));
+    test::select_line(area().events(), "(2)mixed doubles");
     area().entry_button(EntryList::raw_doubles)->click();
-    EXPECT_EQ(lines_of(area().entries()), QStringList({ "ann smith/(partner required)" }));
+    EXPECT_EQ(test::lines_of(area().entries()), QStringList({ "ann smith/(partner required)" }));
 
-    select(area().players(), "ann smith");
-    EXPECT_EQ(lines_of(area().player_events_list()), QStringList({ "mens singles", "raw: mixed doubles" }));
+    test::select_line(area().players(), "ann smith");
+    EXPECT_EQ(test::lines_of(area().player_events_list()), QStringList({ "mens singles", "raw: mixed doubles" }));
     EXPECT_EQ(area().player_event_count(), "2");
 
     const fs::path shots(QV_SCREENSHOT_DIR);
@@ -179,7 +196,7 @@ TEST_F(MainWindowTest, ClearDataRemembersTicksClearsAndRestarts)
 
     window.area_button(Area::mainform)->click();
     EXPECT_EQ(area().players()->count(), 0);
-    EXPECT_EQ(lines_of(area().events()), QStringList({ "(1)mens singles", "(2)mixed doubles" }))
+    EXPECT_EQ(test::lines_of(area().events()), QStringList({ "(1)mens singles", "(2)mixed doubles" }))
         << "events stay, their draws go";
     EXPECT_EQ(area().entry_count(), "0");
 
@@ -222,6 +239,100 @@ TEST_F(MainWindowTest, ClosingTheWindowEndsTheSession)
     EXPECT_TRUE(window.process_ended());
     EXPECT_FALSE(session().has_tournament());
     EXPECT_FALSE(session().booted());
+}
+
+TEST_F(MainWindowTest, MenusHoldTheirLinesInOrderWithKeysAndMnemonics)
+{
+    QStringList titles;
+    for (auto* action : window.menuBar()->actions()) {
+        titles << plain_caption(action->text());
+        EXPECT_TRUE(action->text().contains('&')) << action->text().toStdString();
+    }
+    // "tools" waits until one of its windows stands.
+    EXPECT_EQ(titles, QStringList({ "tournament", "options", "info" }));
+    EXPECT_EQ(
+        menu_lines(menu_of(window, "tournament")), QStringList({ "new", "open", "save as...", "close", "-", "exit" }));
+    EXPECT_EQ(menu_lines(menu_of(window, "options")), QStringList({ "control panel" }));
+    EXPECT_EQ(
+        menu_lines(menu_of(window, "info")), QStringList({ "help", "signup", "homepage", "developer", "version" }));
+
+    for (const auto* title : window.menuBar()->actions()) {
+        QSet<QChar> letters;
+        for (const auto* action : title->menu()->actions())
+            if (!action->isSeparator()) {
+                const auto text = action->text();
+                const auto at = text.indexOf('&');
+                ASSERT_GE(at, 0) << text.toStdString();
+                EXPECT_FALSE(letters.contains(text[at + 1].toLower())) << text.toStdString();
+                letters.insert(text[at + 1].toLower());
+            }
+    }
+    EXPECT_EQ(line_of(window, "tournament", "new")->shortcut(), QKeySequence("Ctrl+N"));
+    EXPECT_EQ(line_of(window, "tournament", "open")->shortcut(), QKeySequence("Ctrl+O"));
+    EXPECT_EQ(line_of(window, "tournament", "exit")->shortcut(), QKeySequence("Ctrl+Q"));
+    auto* refresh = window.findChild<QAction*>("refresh");
+    ASSERT_NE(refresh, nullptr);
+    EXPECT_EQ(refresh->shortcut(), QKeySequence(Qt::Key_F5));
+
+    // Without a tournament the lines that need one are grey.
+    emit menu_of(window, "tournament")->aboutToShow();
+    EXPECT_TRUE(line_of(window, "tournament", "save as...")->isEnabled());
+    line_of(window, "tournament", "close")->trigger();
+    emit menu_of(window, "tournament")->aboutToShow();
+    EXPECT_FALSE(line_of(window, "tournament", "save as...")->isEnabled());
+    EXPECT_TRUE(line_of(window, "tournament", "open")->isEnabled());
+}
+
+TEST(CommandTable, ALineShowsOnceItsWindowStandsAndSeparatorsOnlyBetweenGroups)
+{
+    const auto run = [] {};
+    CommandTable table { { "a", run }, {}, { "b", {} }, { "c", {} }, {}, { "d", run }, {}, { "e", {} } };
+    auto captions = [](const CommandTable& shown) {
+        QStringList out;
+        for (const auto& line : shown)
+            out << (line.caption.isEmpty() ? QStringLiteral("-") : line.caption);
+        return out;
+    };
+    EXPECT_EQ(captions(standing_commands(table)), QStringList({ "a", "-", "d" }));
+    table[3].action = run;
+    EXPECT_EQ(captions(standing_commands(table)), QStringList({ "a", "-", "c", "-", "d" }));
+    EXPECT_TRUE(standing_commands({ { "x", {} }, {} }).empty());
+    EXPECT_EQ(plain_caption("save &as... && more"), "save as... & more");
+}
+
+TEST_F(MainWindowTest, ToolbarToolsOpenTheConvenienceWindowsAndFeederappsWaitsForItsLines)
+{
+    EXPECT_FALSE(window.tools_button()->isHidden());
+    EXPECT_TRUE(window.feederapps_button()->isHidden()) << "no way in for data stands yet";
+    auto captions = [](const ToolbarWindow* tools) {
+        QStringList shown;
+        for (auto* button : tools->buttons())
+            shown << button->text() + (button->isEnabled() ? "" : " (grey)");
+        return shown;
+    };
+
+    QPointer<ToolbarWindow> tools = window.open_tools();
+    ASSERT_FALSE(tools.isNull());
+    EXPECT_EQ(captions(tools), QStringList({ "add new player", "add new event", "add to event", "links" }));
+    tools->button("add new event")->click();
+    test::run_main_loop_until([&tools] { return tools.isNull(); });
+    EXPECT_TRUE(tools.isNull()) << "the choice closes the small window";
+    QPointer<AddEventWindow> add = window.findChild<AddEventWindow*>();
+    ASSERT_FALSE(add.isNull());
+    EXPECT_TRUE(add->isVisible());
+    add->close();
+
+    // F5 reads the area on show again.
+    session().tournament().run("insert into events (eid, eventname) values (1, 'open singles')");
+    window.area_button(Area::mainform)->click();
+    window.findChild<QAction*>("refresh")->trigger();
+    EXPECT_EQ(area().events()->count(), 1);
+
+    session().menu_close();
+    tools = window.open_tools();
+    EXPECT_EQ(captions(tools),
+        QStringList({ "add new player (grey)", "add new event (grey)", "add to event (grey)", "links" }));
+    tools->close();
 }
 
 TEST(MainWindowBoot, MissingInitFilesEndWithOneMessage)

@@ -4,6 +4,7 @@
 #include "support/temp_app_dir.h"
 #include "ui/players_windows.h"
 #include "ui/tournament_area.h"
+#include "ui_test_support.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -22,21 +23,6 @@
 
 namespace qv {
 namespace {
-
-QStringList lines_of(const QListWidget* list)
-{
-    QStringList lines;
-    for (int row = 0; row < list->count(); ++row)
-        lines << list->item(row)->text();
-    return lines;
-}
-
-void select(QListWidget* list, const QString& text)
-{
-    const auto found = list->findItems(text, Qt::MatchExactly);
-    ASSERT_EQ(found.size(), 1) << text.toStdString();
-    list->setCurrentItem(found.front(), QItemSelectionModel::Select);
-}
 
 void set_line(PlayerFieldsBox* fields, const char* column, const QString& text)
 {
@@ -110,7 +96,7 @@ TEST_F(PlayersWindowsTest, AddedPlayersShowInTheRegisterAndTheTournamentArea)
     // Beep on by default; the open register and the host's lists read again.
     EXPECT_EQ(talk.said.back().kind, "beep");
     EXPECT_EQ(host.count("refresh 0"), 1);
-    EXPECT_EQ(lines_of(players.list()), QStringList { "Anna Smith" });
+    EXPECT_EQ(test::lines_of(players.list()), QStringList { "Anna Smith" });
 
     // A team has one name: the person's boxes go grey.
     fields->team_option()->setChecked(true);
@@ -128,15 +114,21 @@ TEST_F(PlayersWindowsTest, AddedPlayersShowInTheRegisterAndTheTournamentArea)
     EXPECT_EQ(column("The aces", "fname"), "The aces");
     EXPECT_EQ(column("The aces", "sname"), "");
 
-    // Name boxes hold at most 50 characters.
+    // The register gives names no length: a long first name is kept whole, with no word about it.
     fields->player_option()->setChecked(true);
-    fields->fname()->setText(QString(51, QLatin1Char('a')));
-    EXPECT_EQ(fields->fname()->text().size(), 50);
+    const QString long_name = QStringLiteral("maximiliana-") + QString(48, QLatin1Char('x'));
+    fields->fname()->setText(long_name);
+    fields->sname()->setText(QStringLiteral("long"));
+    talk.clear();
+    ASSERT_NE(add.save(), 0);
+    EXPECT_TRUE(talk.messages().empty());
+    EXPECT_EQ(column("Maximiliana-" + std::string(48, 'x') + " Long", "fname").size(), 60u);
 
     TournamentArea area(session);
     area.init();
-    EXPECT_EQ(lines_of(area.players()), (QStringList { "Anna Smith", "The aces" }));
-    EXPECT_EQ(lines_of(players.list()), (QStringList { "Anna Smith", "The aces" }));
+    const QStringList everyone { "Anna Smith", "Maximiliana-" + QString(48, QLatin1Char('x')) + " Long", "The aces" };
+    EXPECT_EQ(test::lines_of(area.players()), everyone);
+    EXPECT_EQ(test::lines_of(players.list()), everyone);
     add.grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/players_fs_addnew.png"));
 }
 
@@ -188,7 +180,7 @@ TEST_F(PlayersWindowsTest, RefusedInputSaysWhyPointsAtTheBoxAndAddsNothing)
     fields->sname()->setText(QStringLiteral("Lee"));
     EXPECT_NE(add.save(), 0);
     PlayersWindow players(session);
-    select(players.list(), "Anna Smith");
+    test::select_line(players.list(), "Anna Smith");
     players.fields()->sname()->setText(QStringLiteral("preq"));
     talk.clear();
     EXPECT_FALSE(players.save());
@@ -210,13 +202,13 @@ TEST_F(PlayersWindowsTest, EnteredPlayersKeepNameSexAndType)
     PlayersWindow players(session);
     players.show();
     auto* fields = players.fields();
-    EXPECT_EQ(lines_of(players.list()), (QStringList { "Al West", "Bea Cole", "Cy Dunn" }));
+    EXPECT_EQ(test::lines_of(players.list()), (QStringList { "Al West", "Bea Cole", "Cy Dunn" }));
 
     // In a draw, and in a raw doubles entry only: locked alike, the other fields stay open.
     for (const char* name : { "Cy Dunn", "Al West" }) {
         SCOPED_TRACE(name);
         players.list()->clearSelection();
-        select(players.list(), QString::fromLatin1(name));
+        test::select_line(players.list(), QString::fromLatin1(name));
         EXPECT_FALSE(fields->lock_label()->isHidden());
         EXPECT_EQ(fields->lock_label()->text(), "player in a draw, cannot change spelling of name ,sex or type");
         for (QWidget* w : std::initializer_list<QWidget*> { fields->fname(), fields->sname(), fields->team_name(),
@@ -233,22 +225,22 @@ TEST_F(PlayersWindowsTest, EnteredPlayersKeepNameSexAndType)
     // A free player can be renamed; every list shows the new name.
     PlayersWindow second(session);
     players.list()->clearSelection();
-    select(players.list(), "Bea Cole");
+    test::select_line(players.list(), "Bea Cole");
     EXPECT_TRUE(fields->lock_label()->isHidden());
     EXPECT_TRUE(players.delete_button()->isEnabled());
     fields->fname()->setText(QStringLiteral("beatrice"));
     EXPECT_TRUE(players.save());
     EXPECT_EQ(fields->fname()->text(), "Beatrice");
     EXPECT_EQ(host.count("refresh 0"), 1);
-    EXPECT_EQ(lines_of(second.list()), (QStringList { "Al West", "Beatrice Cole", "Cy Dunn" }));
+    EXPECT_EQ(test::lines_of(second.list()), (QStringList { "Al West", "Beatrice Cole", "Cy Dunn" }));
     TournamentArea area(session);
     area.init();
-    EXPECT_TRUE(lines_of(area.players()).contains("Beatrice Cole"));
+    EXPECT_TRUE(test::lines_of(area.players()).contains("Beatrice Cole"));
 
     // The details window on a name, case-blind, locks the same way and saves the rest; the open register
     // shows what it saved.
     players.list()->clearSelection();
-    select(players.list(), "Al West");
+    test::select_line(players.list(), "Al West");
     QPointer<PlayerDetailsWindow> details = open_player_details_by_name(session, " AL WEST", nullptr);
     ASSERT_FALSE(details.isNull());
     EXPECT_TRUE(details->fields()->locked());
@@ -267,7 +259,7 @@ TEST_F(PlayersWindowsTest, DetailsWindowOnAMatchAPidOrTheDownloadedPlayers)
 
     QPointer<PlayerDetailsWindow> match = open_player_details_by_match(session, 5, nullptr);
     ASSERT_FALSE(match.isNull());
-    EXPECT_EQ(lines_of(match->names()), (QStringList { "Bea Cole", "Cy Dunn" }));
+    EXPECT_EQ(test::lines_of(match->names()), (QStringList { "Bea Cole", "Cy Dunn" }));
     EXPECT_EQ(match->fields()->fname()->text(), "Bea");
     match->names()->setCurrentRow(1);
     EXPECT_EQ(match->shown_pid(), pid_of("Cy Dunn"));
@@ -328,7 +320,7 @@ TEST_F(PlayersWindowsTest, DeleteFromTheRegisterAsksUnlessNoPrompt)
     insert_players({ { "Al", "West" }, { "Bea", "Cole" }, { "Cy", "Dunn" } });
     PlayersWindow players(session);
     players.show();
-    select(players.list(), "Bea Cole");
+    test::select_line(players.list(), "Bea Cole");
 
     talk.answers = { Answer::No };
     EXPECT_FALSE(players.remove());
@@ -339,7 +331,7 @@ TEST_F(PlayersWindowsTest, DeleteFromTheRegisterAsksUnlessNoPrompt)
 
     talk.answers = { Answer::Yes };
     players.delete_button()->click();
-    EXPECT_EQ(lines_of(players.list()), (QStringList { "Al West", "Cy Dunn" }));
+    EXPECT_EQ(test::lines_of(players.list()), (QStringList { "Al West", "Cy Dunn" }));
     // The next row takes the place of the one that went.
     EXPECT_EQ(players.shown_pid(), pid_of("Cy Dunn"));
     EXPECT_EQ(players.fields()->fname()->text(), "Cy");
@@ -348,7 +340,7 @@ TEST_F(PlayersWindowsTest, DeleteFromTheRegisterAsksUnlessNoPrompt)
     players.no_prompt()->setChecked(true);
     EXPECT_TRUE(players.remove());
     EXPECT_TRUE(talk.said.empty());
-    EXPECT_EQ(lines_of(players.list()), QStringList { "Al West" });
+    EXPECT_EQ(test::lines_of(players.list()), QStringList { "Al West" });
     EXPECT_EQ(players.shown_pid(), pid_of("Al West"));
     EXPECT_EQ(host.count("refresh 0"), 2);
 }
@@ -360,12 +352,13 @@ TEST_F(PlayersWindowsTest, DeleteWindowLeavesEnteredPlayersAndReportsThem)
     PlayersWindow register_window(session);
     PlayersDeleteWindow deleting(session);
     deleting.show();
-    EXPECT_EQ(lines_of(deleting.list()), (QStringList { "set filter...", "Al West", "Bea Cole", "Cy Dunn", "Di Eck" }));
+    EXPECT_EQ(
+        test::lines_of(deleting.list()), (QStringList { "set filter...", "Al West", "Bea Cole", "Cy Dunn", "Di Eck" }));
     EXPECT_TRUE(deleting.filter_tag()->text().startsWith("all players"));
 
     // Al: yes; Bea is entered and not asked about; Cy: no. Then the summary, declined.
     for (const char* name : { "Al West", "Bea Cole", "Cy Dunn" })
-        select(deleting.list(), QString::fromLatin1(name));
+        test::select_line(deleting.list(), QString::fromLatin1(name));
     talk.answers = { Answer::Yes, Answer::No, Answer::No };
     EXPECT_EQ(deleting.remove(), 1);
     std::vector<std::string> asked;
@@ -374,24 +367,24 @@ TEST_F(PlayersWindowsTest, DeleteWindowLeavesEnteredPlayersAndReportsThem)
     EXPECT_EQ(asked,
         (std::vector<std::string> { "ask:Confirm player delete", "ask:Confirm player delete",
             "ask:1 records deleted,1 errors,view the errors?" }));
-    EXPECT_EQ(lines_of(deleting.list()), (QStringList { "set filter...", "Bea Cole", "Cy Dunn", "Di Eck" }));
-    EXPECT_EQ(lines_of(register_window.list()), (QStringList { "Bea Cole", "Cy Dunn", "Di Eck" }));
+    EXPECT_EQ(test::lines_of(deleting.list()), (QStringList { "set filter...", "Bea Cole", "Cy Dunn", "Di Eck" }));
+    EXPECT_EQ(test::lines_of(register_window.list()), (QStringList { "Bea Cole", "Cy Dunn", "Di Eck" }));
 
     // Without the prompt: nothing asked but the outcome.
     talk.clear();
     deleting.no_prompt()->setChecked(true);
-    select(deleting.list(), "Di Eck");
+    test::select_line(deleting.list(), "Di Eck");
     EXPECT_EQ(deleting.remove(), 1);
     EXPECT_EQ(talk.messages(), std::vector<std::string> { "1 players deleted" });
     EXPECT_EQ(talk.said.size(), 1u);
 
     talk.clear();
-    select(deleting.list(), "Bea Cole");
+    test::select_line(deleting.list(), "Bea Cole");
     talk.answers = { Answer::Yes };
     EXPECT_EQ(deleting.remove(), 0);
     EXPECT_EQ(talk.said.at(0).text, "no players deleted,1 errors detected,all players,view the errors?");
     EXPECT_EQ(talk.said.at(1).kind, "text");
-    EXPECT_EQ(lines_of(deleting.list()), (QStringList { "set filter...", "Bea Cole", "Cy Dunn" }));
+    EXPECT_EQ(test::lines_of(deleting.list()), (QStringList { "set filter...", "Bea Cole", "Cy Dunn" }));
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "ui/notepad2.h"
 #include "ui/qt_text.h"
 #include "ui/qt_user_talk.h"
+#include "ui_test_support.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
@@ -14,12 +15,6 @@ namespace qv {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string bytes_of(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return { std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>() };
-}
 
 TEST(Notepad2, ReadsAndWritesWindows1252KeepingLineEnds)
 {
@@ -31,7 +26,7 @@ TEST(Notepad2, ReadsAndWritesWindows1252KeepingLineEnds)
     ASSERT_TRUE(viewer.load_file(dir.path() / "in.txt"));
     EXPECT_EQ(viewer.text(), QString::fromUtf8("café ¿\nline 2\n"));
     ASSERT_TRUE(viewer.save_to(dir.path() / "out.txt"));
-    EXPECT_EQ(bytes_of(dir.path() / "out.txt"), stored);
+    EXPECT_EQ(test::bytes_of(dir.path() / "out.txt"), stored);
 
     EXPECT_FALSE(viewer.load_file(dir.path() / "missing.txt"));
     EXPECT_TRUE(viewer.text().isEmpty());

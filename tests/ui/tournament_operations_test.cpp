@@ -17,22 +17,6 @@
 namespace qv {
 namespace {
 
-QStringList lines_of(const QListWidget* list)
-{
-    QStringList lines;
-    for (int row = 0; row < list->count(); ++row)
-        lines << list->item(row)->text();
-    return lines;
-}
-
-void click_operation(TournamentArea& area, OperationList which, const QString& caption)
-{
-    auto* list = area.operations(which);
-    const auto found = list->findItems(caption, Qt::MatchExactly);
-    ASSERT_EQ(found.size(), 1) << caption.toStdString();
-    emit list->itemClicked(found.front());
-}
-
 // The windows an operation opened, by object name, among the main window's children.
 QWidget* opened(const QWidget& parent, const char* name)
 {
@@ -71,19 +55,19 @@ protected:
 
 TEST_F(TournamentOperationsTest, TheListsOfferTheirWindowsInOrder)
 {
-    EXPECT_EQ(lines_of(area().operations(OperationList::events)),
+    EXPECT_EQ(test::lines_of(area().operations(OperationList::events)),
         QStringList(
             { "show draw", "select draw", "events", "draw config", "manage events", "seeding patterns", "search" }));
-    EXPECT_EQ(lines_of(area().operations(OperationList::players)),
+    EXPECT_EQ(test::lines_of(area().operations(OperationList::players)),
         QStringList({ "players", "   delete", "   folders", "manage folders", "add to event", "search" }));
 
     // The windows open over the main window.
-    click_operation(area(), OperationList::players, "add to event");
+    test::click_operation(area(), OperationList::players, "add to event");
     EXPECT_NE(opened(window, "addtoevent"), nullptr);
-    click_operation(area(), OperationList::events, "draw config");
+    test::click_operation(area(), OperationList::events, "draw config");
     EXPECT_EQ(talk.messages().back(), "select event");
     area().events()->setCurrentRow(0);
-    click_operation(area(), OperationList::events, "draw config");
+    test::click_operation(area(), OperationList::events, "draw config");
     EXPECT_NE(opened(window, "drawconfig"), nullptr);
 }
 
@@ -123,7 +107,7 @@ TEST_F(TournamentOperationsTest, ShowDrawOpensTheSelectedEventInTheDrawArea)
 {
     window.session().ishow(Area::mainform);
     area().events()->setCurrentRow(0);
-    click_operation(area(), OperationList::events, "show draw");
+    test::click_operation(area(), OperationList::events, "show draw");
     EXPECT_EQ(window.session().current_area(), Area::draw);
     EXPECT_EQ(window.draw_area()->open_draw().draw.curr_eid, 1);
 }
