@@ -27,6 +27,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPainter>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -38,6 +39,18 @@
 namespace qv {
 
 namespace {
+
+// An area's window scrolls rather than widening the main window beyond a small screen.
+QWidget* holder_of(QWidget* page)
+{
+    if (!qobject_cast<AreaPage*>(page))
+        return page;
+    auto* holder = new QScrollArea;
+    holder->setFrameShape(QFrame::NoFrame);
+    holder->setWidgetResizable(true);
+    holder->setWidget(page);
+    return holder;
+}
 
 // The areas are initialised in this order, so that the draw area, last, finds the others ready.
 constexpr std::array<Area, 8> boot_order { Area::payments, Area::assistant_new, Area::idocuments, Area::config_admin,
@@ -105,7 +118,8 @@ MainWindow::MainWindow(const std::filesystem::path& app_dir, UserTalk* talk, QWi
             page = title;
         }
         m_pages[index(area)] = page;
-        m_stack->addWidget(page);
+        m_shown[index(area)] = holder_of(page);
+        m_stack->addWidget(m_shown[index(area)]);
     }
     setCentralWidget(m_stack);
     connect_areas();
@@ -339,7 +353,10 @@ LinksWindow* MainWindow::open_links()
 
 QWidget* MainWindow::current_page() const
 {
-    return m_stack->currentWidget();
+    auto* shown = m_stack->currentWidget();
+    if (auto* holder = qobject_cast<QScrollArea*>(shown))
+        return holder->widget();
+    return shown;
 }
 
 void MainWindow::load_all_forms()
@@ -423,7 +440,7 @@ void MainWindow::show_area(Area area, const Markers& markers)
             break;
         }
     }
-    m_stack->setCurrentWidget(m_pages[index(area)]);
+    m_stack->setCurrentWidget(m_shown[index(area)]);
 }
 
 void MainWindow::paint_marker(Area area, const QColor& color)

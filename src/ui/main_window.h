@@ -115,6 +115,8 @@ private:
     TournamentArea* m_tournament = nullptr;
     DrawArea* m_draw = nullptr;
     std::array<QWidget*, 8> m_pages {};
+    // What the stack shows for each area: the page, or the scroll area that holds it.
+    std::array<QWidget*, 8> m_shown {};
     // The windows of the areas other than the tournament and draw areas, where they stand.
     std::array<AreaPage*, 8> m_area_pages {};
     std::array<QToolButton*, 8> m_buttons {};

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -105,6 +106,10 @@ void fit_characters(QLineEdit* box, int characters)
 
 void show_over_parent(QWidget* window)
 {
+    // Polish and lay out first, so the size that is centred is the size that shows.
+    window->ensurePolished();
+    if (auto* layout = window->layout())
+        layout->activate();
     // A window given its size on purpose keeps it.
     if (!window->testAttribute(Qt::WA_Resized))
         window->adjustSize();
