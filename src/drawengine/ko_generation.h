@@ -1,6 +1,7 @@
 #pragma once
 
 #include "drawengine/draw_random.h"
+#include "drawengine/ko_placing.h"
 #include "drawengine/open_draw.h"
 #include "entries/main_lists.h"
 
@@ -32,6 +33,8 @@ void KO_do_draw_jumble2(std::vector<std::string>& hold, std::vector<std::string>
 
 // Fills each entry's country ("a/b" for a pair) and ar marks ("", "." or "..") from the players' register.
 void pull_ar_countries(Database& tournament, std::int64_t eid);
+// The same, answering each entry's new country and ar marks in the order of the entries that are no reserve.
+std::vector<std::pair<std::string, std::string>> refresh_ar_countries(Database& tournament, std::int64_t eid);
 
 // Reads the event's columns into the state record: eid, name, sex, draw type, singles or doubles, points mode,
 // draw size, sid range and time stamp.
@@ -41,8 +44,8 @@ void load_event_state(Database& tournament, std::int64_t eid, DrawState& draw);
 // more candidates than a draw can hold); the open draw is then left as it was.
 bool KO_do_draw2(Session& session, OpenDraw& draw, DrawRandom& random, const DrawHooks& hooks = {});
 
-// Copies draw_stage2 into the first round of the tree.
-void KO_pull_draw_stage2(Database& tournament, OpenDraw& draw);
+// Copies the placed slots (draw_stage2) into the first round of the tree.
+void KO_pull_draw_stage2(const std::vector<StageSlot>& stage2, OpenDraw& draw);
 
 // Asks, then removes the open draw from schedule, the event and its entries. False when the user said No or
 // Cancel; true at once when no draw is open.

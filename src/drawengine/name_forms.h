@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace qv {
 
@@ -54,9 +55,29 @@ NameForms k_get_names_doubles_player_fname_sname(std::string_view name, std::str
 NameForms k_get_names_doubles_player_fname(std::string_view name, std::string_view fname1, std::string_view fname2,
     const UniqueTest& k_isunique, NameCounter& counter);
 
+// The names the forms are made from: an entry's first names and surnames, trimmed.
+struct EntryNames
+{
+    std::string fname1, sname1, fname2, sname2;
+};
+
+// The event's entries (reserves too) by name trimmed and lower-cased, read once for a run over a draw. A name
+// that several entries share finds the first of them in the table's order.
+class EventEntryNames
+{
+public:
+    static EventEntryNames read(Database& tournament, std::int64_t eid);
+    const EntryNames* find(const std::string& key) const;
+
+private:
+    std::unordered_map<std::string, EntryNames> m_by_key;
+};
+
 // The forms of one slot's name: "bye", "qualifier..." and "wildcard..." stand as they are in all three forms;
 // any other name is looked up in the event's entries and goes to the function that fits its names. A name that
 // no entry has keeps its text in all three forms.
+NameForms form_slot_names(
+    const EventEntryNames& entries, std::string_view name, const UniqueTest& k_isunique, NameCounter& counter);
 NameForms form_slot_names(
     Database& tournament, std::int64_t eid, std::string_view name, const UniqueTest& k_isunique, NameCounter& counter);
 
