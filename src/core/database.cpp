@@ -301,6 +301,9 @@ Database::Database(const std::filesystem::path& file, int flags)
     // A file that is not a database is found out here rather than at the first statement of an operation.
     try {
         exec_script("select count(*) from sqlite_master");
+        // A busy tournament file runs to a few megabytes: the engine keeps all of it in memory rather than read
+        // the schedule again for each search, and a long operation's changes wait there until its commit.
+        exec_script("pragma cache_size = -65536");
     } catch (...) {
         close();
         throw;

@@ -105,6 +105,30 @@ void write_row(Database& db, std::int64_t sid, const std::vector<Column>& column
     statement.step();
 }
 
+// The first write of a row: each side's columns live and then shadow, and the row clean. The winner and score
+// columns come once with each side; where a column is named twice the last value counts, and both sides carry
+// the same winner anyway.
+std::string savecontrols_statement(bool two_sides)
+{
+    std::string sql = "update schedule set ";
+    const SideVals none;
+    for (const char side : std::string_view(two_sides ? "tb" : "t"))
+        for (const auto* prefix : { "", "i" })
+            for (const auto& column : side_columns(prefix, side, none))
+                sql += column.first + " = ?, ";
+    return sql + "changed = 0 where sid = ?";
+}
+
+// The values of one side in the order of side_columns, for the live and then the shadow columns.
+void bind_side_twice(Statement& statement, int& index, const SideVals& vals)
+{
+    const std::string* values[] = { &vals.frn, &vals.ttt, &vals.tag, &vals.wfrn, &vals.wttt, &vals.wtag, &vals.score,
+        &vals.longscore, &vals.country, &vals.seeding, &vals.ar, &vals.sex, &vals.pa, &vals.pb };
+    for (int pass = 0; pass < 2; ++pass)
+        for (const auto* value : values)
+            statement.bind(++index, *value);
+}
+
 std::optional<std::int64_t> find_row(Database& db, std::int64_t eid, char side, const std::string& address)
 {
     auto row = db.query(side == 't' ? "select sid from schedule where eid = ? and mt = ? order by \"match\""
@@ -290,6 +314,8 @@ void save_draw(Session& session, OpenDraw& open, const DrawSaveHooks& hooks, Sav
 
     BusyCursor busy(hooks.busy);
     auto& db = session.tournament();
+    // One unit of work: the rows, the states, the marks and the counts are written together or not at all.
+    Transaction transaction(db);
     const auto eid = draw.curr_eid;
     draw.new_draw = false;
     if (db.scalar_integer("select count(*) from schedule where eid = ?", eid) == 0) {
@@ -340,6 +366,7 @@ void save_draw(Session& session, OpenDraw& open, const DrawSaveHooks& hooks, Sav
     draw.new_draw = false;
     do_live_match_counts(db, eid, hooks.board);
     set_changed_recs(db, open);
+    transaction.commit();
 }
 
 void save_draw_END_doing_all_draws(Session& session, const DrawSaveHooks& hooks)
@@ -361,29 +388,27 @@ void KO_savecontrols(Database& tournament, const OpenDraw& open)
     for (auto q
          = tournament.query("select sid, mt, mb from schedule where eid = ? order by \"match\"", open.draw.curr_eid);
          q.step();)
-        rows.push_back({ q.integer("sid"), q.text("mt"), q.text("mb") });
+        rows.push_back({ q.integer(0), q.text(1), q.text(2) });
 
+    // One statement for the rows with two sides and one for the winner row, each prepared once for all rows.
+    static const std::string both_sides = savecontrols_statement(true);
+    static const std::string top_only = savecontrols_statement(false);
     Transaction savepoint(tournament);
     for (const auto& row : rows) {
         const auto top = OpenDraw::split_mtmb(row.mt);
         if (!top || !open.has_slot(top->level, top->position))
             continue;
-        std::vector<Column> columns;
-        auto add_side = [&](SlotAddress at, char side) {
-            const auto vals = get_vals(open, at.level, at.position);
-            for (auto& column : side_columns("", side, vals))
-                columns.push_back(std::move(column));
-            for (auto& column : side_columns("i", side, vals))
-                columns.push_back(std::move(column));
-        };
-        add_side(*top, 't');
         // The winner row has only its top side: the champion.
         const bool winner_row = top->level >= open.draw.rounds;
-        if (const auto bottom = OpenDraw::split_mtmb(row.mb);
-            !winner_row && bottom && open.has_slot(bottom->level, bottom->position))
-            add_side(*bottom, 'b');
-        columns.push_back({ "changed", "0" });
-        write_row(tournament, row.sid, columns);
+        const auto bottom = OpenDraw::split_mtmb(row.mb);
+        const bool two_sides = !winner_row && bottom && open.has_slot(bottom->level, bottom->position);
+        auto update = tournament.query(two_sides ? both_sides : top_only);
+        int index = 0;
+        bind_side_twice(update, index, get_vals(open, top->level, top->position));
+        if (two_sides)
+            bind_side_twice(update, index, get_vals(open, bottom->level, bottom->position));
+        update.bind(++index, row.sid);
+        update.step();
     }
     savepoint.commit();
 }
@@ -504,12 +529,13 @@ bool leave_draw(Session& session, OpenDraw& open, LeaveReason reason, const Draw
 std::vector<DayCourt> do_live_match_counts(Database& tournament, std::int64_t eid, const ScheduleBoardHooks& board)
 {
     // The eid term binds to the second "or" term only, as the count has always been made: a row of another
-    // event that turned dead since its own last count is reported as well.
+    // event that turned dead since its own last count is reported as well. The two terms are asked apart, so
+    // that each finds its rows through an index, and the days and courts come once each, in their order.
     std::vector<DayCourt> changed;
-    for (auto rows = tournament.query("select distinct scheduledate,cid  from schedule where "
-                                      "(match_state='3' and prev_match_state <>'3') or "
-                                      "(match_state<>'3' and prev_match_state ='3') "
-                                      " and eid=?",
+    for (auto rows = tournament.query("select scheduledate,cid from schedule where "
+                                      "match_state='3' and prev_match_state <>'3' "
+                                      "union select scheduledate,cid from schedule where "
+                                      "eid=? and match_state<>'3' and prev_match_state ='3' order by 1, 2",
              eid);
          rows.step();)
         changed.push_back({ rows.text("scheduledate"), rows.integer("cid") });
@@ -524,41 +550,45 @@ std::vector<DayCourt> do_live_match_counts(Database& tournament, std::int64_t ei
     }
     if (board.renumber && !changed.empty())
         board.renumber(changed);
-    tournament.run("Update schedule set prev_match_state=match_state where eid=?", eid);
+    // Rows whose count is already current are left alone: the write would change nothing.
+    tournament.run(
+        "Update schedule set prev_match_state=match_state where eid=? and prev_match_state is not match_state collate "
+        "binary",
+        eid);
     return changed;
 }
 
 void KO_loadroundsdata(Database& tournament, OpenDraw& open)
 {
     open.build_tree(open.draw.drawsize);
-    auto rows = tournament.query(R"(select sid, mt, mb, mw_ptr, imtttt, imtfrn, imttag, imt_country, imtseeding, imtar,
-        imtsex, imbttt, imbfrn, imbtag, imb_country, imbseeding, imbar, imbsex, imatchscore, imatchlongscore
+    // Columns by position: sid, mt, mb, mw_ptr, then seven of each side from 4 and 11, then the two scores.
+    auto rows = tournament.query(R"(select sid, mt, mb, mw_ptr,
+        imtttt, imtfrn, imttag, imt_country, imtseeding, imtar, imtsex,
+        imbttt, imbfrn, imbtag, imb_country, imbseeding, imbar, imbsex, imatchscore, imatchlongscore
         from schedule where eid = ? order by "match")",
         open.draw.curr_eid);
     while (rows.step()) {
-        const auto sid = rows.integer("sid");
-        auto fill = [&](std::string_view address, std::string_view m) {
-            const auto at = OpenDraw::split_mtmb(address);
+        const auto sid = rows.integer(0);
+        auto fill = [&](int address_column, int first) {
+            const auto at = OpenDraw::split_mtmb(rows.text(address_column));
             if (!at || !open.has_slot(at->level, at->position))
                 return;
             auto& slot = open.slot(*at);
-            const std::string p = "i" + std::string(m);
-            slot.ttt = rows.text(p + "ttt");
-            slot.frn = rows.text(p + "frn");
-            slot.tag = rows.text(p + "tag");
-            slot.country = rows.text(p + "_country");
-            slot.seed = rows.text(p + "seeding");
-            slot.ar = rows.text(p + "ar");
-            slot.sex = rows.text(p + "sex");
+            slot.ttt = rows.text(first);
+            slot.frn = rows.text(first + 1);
+            slot.tag = rows.text(first + 2);
+            slot.country = rows.text(first + 3);
+            slot.seed = rows.text(first + 4);
+            slot.ar = rows.text(first + 5);
+            slot.sex = rows.text(first + 6);
             slot.sid = sid;
         };
-        fill(rows.text("mt"), "mt");
-        fill(rows.text("mb"), "mb");
-        if (const auto next = OpenDraw::split_mtmb(rows.text("mw_ptr"));
-            next && open.has_slot(next->level, next->position)) {
+        fill(1, 4);
+        fill(2, 11);
+        if (const auto next = OpenDraw::split_mtmb(rows.text(3)); next && open.has_slot(next->level, next->position)) {
             auto& score = open.slot(*next).score;
-            score.matchscore = rows.text("imatchscore");
-            score.matchlongscore = rows.text("imatchlongscore");
+            score.matchscore = rows.text(18);
+            score.matchlongscore = rows.text(19);
         }
     }
 }
