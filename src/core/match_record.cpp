@@ -99,6 +99,8 @@ std::string court_list_cid_word(std::int64_t cid)
     switch (cid) {
     case -1:
         return "fa";
+    case -2:
+        return "cb";
     case -3:
         return "tbc";
     case -4:
