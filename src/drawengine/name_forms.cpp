@@ -268,6 +268,29 @@ NameForms form_slot_names(
     return forms_from(name, &names, k_isunique, counter);
 }
 
+bool player(std::string_view name)
+{
+    const auto lower = lcase(name);
+    for (const std::string_view word : { "wildcard", "qualifier", "bye" })
+        if (lower.find(word) != std::string::npos)
+            return false;
+    return true;
+}
+
+std::optional<std::string> wcq(std::string_view name)
+{
+    const auto trimmed = trim(name);
+    const auto lower = lcase(trimmed);
+    for (const auto& [word, mark] : { std::pair<std::string_view, std::string_view> { "qualifier", "Q" },
+             std::pair<std::string_view, std::string_view> { "wildcard", "W" } }) {
+        if (const auto at = lower.find(word); at != std::string::npos)
+            return std::string(mark) + trimmed.substr(at + word.size());
+    }
+    if (lower == "bye")
+        return "bye";
+    return std::nullopt;
+}
+
 void k_fmt_names(Database& tournament, std::int64_t eid, int count, const std::function<std::string(int)>& name_at,
     const std::function<void(int, const NameForms&)>& store, const UniqueTest& k_isunique)
 {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -85,6 +86,15 @@ NameForms form_slot_names(
 // hold their full names, and stored before the next slot is made.
 void k_fmt_names(Database& tournament, std::int64_t eid, int count, const std::function<std::string(int)>& name_at,
     const std::function<void(int, const NameForms&)>& store, const UniqueTest& k_isunique);
+
+// player(name): false when the name holds "wildcard", "qualifier" or "bye" anywhere, compared in lower case;
+// true for any other name.
+bool player(std::string_view name);
+
+// wcq(name): the short form of a place holder. A name that holds "qualifier" gives "Q" and what follows the word
+// ("qualifier3" "Q3", "qualifier" "Q"), one that holds "wildcard" gives "W" and what follows it; the name "bye"
+// gives "bye". The words are found in the trimmed name in lower case. Any other name is no place holder: nullopt.
+std::optional<std::string> wcq(std::string_view name);
 
 // k_fmt_names_current_pre_draw("ko"): the forms of every first-round slot of the open draw.
 void k_fmt_names_current_pre_draw(Database& tournament, OpenDraw& draw);
