@@ -181,7 +181,11 @@ void Statement::let_go() noexcept
 
 void Statement::bind(int index, std::string_view value)
 {
-    if (sqlite3_bind_text(m_stmt, index, value.data(), static_cast<int>(value.size()), SQLITE_TRANSIENT) != SQLITE_OK)
+    // Most bound texts of a new draw are empty: the engine can point at a constant rather than copy them.
+    const int rc = value.empty()
+        ? sqlite3_bind_text(m_stmt, index, "", 0, SQLITE_STATIC)
+        : sqlite3_bind_text(m_stmt, index, value.data(), static_cast<int>(value.size()), SQLITE_TRANSIENT);
+    if (rc != SQLITE_OK)
         fail(m_db, "cannot bind a value");
 }
 
@@ -287,7 +291,12 @@ Database Database::create_empty(const std::filesystem::path& file)
 Database::Database(const std::filesystem::path& file, int flags)
     : m_path(file)
 {
-    if (sqlite3_open_v2(file.c_str(), &m_db, flags, nullptr) != SQLITE_OK) {
+    // The engine's count of its memory takes a global lock on every allocation; nothing here reads it. The
+    // setting holds only if made before the engine's first use, and is left alone otherwise.
+    static const bool memory_unmetered = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0) == SQLITE_OK;
+    (void)memory_unmetered;
+    // One thread does all the work and a connection is never shared: the engine need not lock it on every call.
+    if (sqlite3_open_v2(file.c_str(), &m_db, flags | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK) {
         std::string message = "cannot open " + file.string();
         if (m_db)
             message += std::string(": ") + sqlite3_errmsg(m_db);
