@@ -21,6 +21,12 @@ bool fits(std::string_view text, std::size_t limit)
 // The first letter in capitals, the rest as it stands.
 std::string cap(std::string_view text)
 {
+    if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
+        std::string out(text);
+        if (!out.empty() && out[0] >= 'a' && out[0] <= 'z')
+            out[0] = static_cast<char>(out[0] - 'a' + 'A');
+        return out;
+    }
     auto chars = decode_utf8(text);
     if (!chars.empty())
         chars[0] = upper_latin1(chars[0]);
