@@ -7,6 +7,7 @@
 #include "core/time_rules.h"
 #include "drawengine/ko_generation.h"
 #include "drawengine/ko_progression.h"
+#include "drawengine/ko_row_values.h"
 #include "drawengine/rr_saving.h"
 
 #include <array>
@@ -21,76 +22,6 @@ namespace {
 constexpr std::string_view save_as_u_go = "draw.isaveasugo";
 constexpr std::string_view save_no_prompt = "draw.iautosavechanges";
 
-// The values of one side of a match row, as the open draw holds them.
-struct SideVals
-{
-    std::string frn, ttt, tag;
-    std::string wfrn, wttt, wtag; // the winner: the slot the match feeds, empty while that is empty
-    std::string score, longscore; // from that slot's score box
-    std::string country, seeding, ar, sex;
-    std::string pa, pb; // the side's people: a pair split at "/"
-};
-
-using Column = std::pair<std::string, std::string>;
-
-std::pair<std::string, std::string> split_people(const std::string& name)
-{
-    if (name.find('/') == std::string::npos)
-        return { name, {} };
-    auto pair = split_pair(name);
-    return { std::move(pair.left), std::move(pair.right) };
-}
-
-SideVals get_vals(const OpenDraw& open, int level, int position)
-{
-    SideVals vals;
-    const auto& slot = open.slot(level, position);
-    vals.frn = slot.frn;
-    vals.ttt = slot.ttt;
-    vals.tag = slot.tag;
-    vals.country = slot.country;
-    vals.seeding = slot.seed;
-    vals.ar = slot.ar;
-    vals.sex = slot.sex;
-    std::tie(vals.pa, vals.pb) = split_people(slot.ttt);
-    const int n = OpenDraw::next_position(position);
-    if (open.has_slot(level + 1, n)) {
-        const auto& next = open.slot(level + 1, n);
-        if (!open.is_empty(level + 1, n)) {
-            vals.wfrn = next.frn;
-            vals.wttt = next.ttt;
-            vals.wtag = next.tag;
-        }
-        vals.score = next.score.matchscore;
-        vals.longscore = next.score.matchlongscore;
-    }
-    return vals;
-}
-
-// The columns of one side with their values. Names are made from the prefix "i" or "" and the side 't' or 'b'.
-std::vector<Column> side_columns(std::string_view prefix, char side, const SideVals& vals)
-{
-    const std::string p(prefix);
-    const std::string m = p + "m" + side;
-    const bool top = side == 't';
-    return {
-        { m + "frn", vals.frn },
-        { m + "ttt", vals.ttt },
-        { m + "tag", vals.tag },
-        { p + "mwfrn", vals.wfrn },
-        { p + "mwttt", vals.wttt },
-        { p + "mwtag", vals.wtag },
-        { p + "matchscore", vals.score },
-        { p + "matchlongscore", vals.longscore },
-        { m + "_country", vals.country },
-        { m + "seeding", vals.seeding },
-        { m + "ar", vals.ar },
-        { m + "sex", vals.sex },
-        { p + (top ? "p1" : "p3"), vals.pa },
-        { p + (top ? "p2" : "p4"), vals.pb },
-    };
-}
-
 void write_row(Database& db, std::int64_t sid, const std::vector<Column>& columns)
 {
     std::string sql = "update schedule set ";
@@ -103,30 +34,6 @@ void write_row(Database& db, std::int64_t sid, const std::vector<Column>& column
         statement.bind(++index, column.second);
     statement.bind(++index, sid);
     statement.step();
-}
-
-// The first write of a row: each side's columns live and then shadow, and the row clean. The winner and score
-// columns come once with each side; where a column is named twice the last value counts, and both sides carry
-// the same winner anyway.
-std::string savecontrols_statement(bool two_sides)
-{
-    std::string sql = "update schedule set ";
-    const SideVals none;
-    for (const char side : std::string_view(two_sides ? "tb" : "t"))
-        for (const auto* prefix : { "", "i" })
-            for (const auto& column : side_columns(prefix, side, none))
-                sql += column.first + " = ?, ";
-    return sql + "changed = 0 where sid = ?";
-}
-
-// The values of one side in the order of side_columns, for the live and then the shadow columns.
-void bind_side_twice(Statement& statement, int& index, const SideVals& vals)
-{
-    const std::string* values[] = { &vals.frn, &vals.ttt, &vals.tag, &vals.wfrn, &vals.wttt, &vals.wtag, &vals.score,
-        &vals.longscore, &vals.country, &vals.seeding, &vals.ar, &vals.sex, &vals.pa, &vals.pb };
-    for (int pass = 0; pass < 2; ++pass)
-        for (const auto* value : values)
-            statement.bind(++index, *value);
 }
 
 std::optional<std::int64_t> find_row(Database& db, std::int64_t eid, char side, const std::string& address)
@@ -320,15 +227,14 @@ void save_draw(Session& session, OpenDraw& open, const DrawSaveHooks& hooks, Sav
     draw.new_draw = false;
     if (db.scalar_integer("select count(*) from schedule where eid = ?", eid) == 0) {
         draw.new_draw = true;
+        // A knock-out's stub rows are laid down with their values at once: KO_savecontrols does both.
         if (!rr)
-            add_draw_stub(db, open);
+            KO_savecontrols(db, open);
         else if (hooks.add_draw_stub_RR)
             hooks.add_draw_stub_RR(open);
     }
     if (draw.new_draw) {
-        if (!rr)
-            KO_savecontrols(db, open);
-        else if (hooks.RR_savecontrols)
+        if (rr && hooks.RR_savecontrols)
             hooks.RR_savecontrols(open);
     } else {
         if (!rr)
@@ -375,42 +281,6 @@ void save_draw_END_doing_all_draws(Session& session, const DrawSaveHooks& hooks)
     session.refresh_lists(Lists::draw);
     if (hooks.board.refresh)
         hooks.board.refresh();
-}
-
-void KO_savecontrols(Database& tournament, const OpenDraw& open)
-{
-    struct Row
-    {
-        std::int64_t sid = 0;
-        std::string mt, mb;
-    };
-    std::vector<Row> rows;
-    for (auto q
-         = tournament.query("select sid, mt, mb from schedule where eid = ? order by \"match\"", open.draw.curr_eid);
-         q.step();)
-        rows.push_back({ q.integer(0), q.text(1), q.text(2) });
-
-    // One statement for the rows with two sides and one for the winner row, each prepared once for all rows.
-    static const std::string both_sides = savecontrols_statement(true);
-    static const std::string top_only = savecontrols_statement(false);
-    Transaction savepoint(tournament);
-    for (const auto& row : rows) {
-        const auto top = OpenDraw::split_mtmb(row.mt);
-        if (!top || !open.has_slot(top->level, top->position))
-            continue;
-        // The winner row has only its top side: the champion.
-        const bool winner_row = top->level >= open.draw.rounds;
-        const auto bottom = OpenDraw::split_mtmb(row.mb);
-        const bool two_sides = !winner_row && bottom && open.has_slot(bottom->level, bottom->position);
-        auto update = tournament.query(two_sides ? both_sides : top_only);
-        int index = 0;
-        bind_side_twice(update, index, get_vals(open, top->level, top->position));
-        if (two_sides)
-            bind_side_twice(update, index, get_vals(open, bottom->level, bottom->position));
-        update.bind(++index, row.sid);
-        update.step();
-    }
-    savepoint.commit();
 }
 
 void KO_copy_over(Database& tournament, std::int64_t eid)

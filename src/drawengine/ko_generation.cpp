@@ -16,22 +16,6 @@ namespace qv {
 
 namespace {
 
-std::string rname_for(int slots, int rid)
-{
-    switch (slots) {
-    case 8:
-        return "quaters";
-    case 4:
-        return "semis";
-    case 2:
-        return "final";
-    case 1:
-        return "winner";
-    default:
-        return "r" + std::to_string(rid);
-    }
-}
-
 struct EntryMarks
 {
     std::string country;
@@ -279,55 +263,6 @@ void DODRAW(Session& session, OpenDraw& open, DrawRandom& random, const DrawHook
         KO_do_draw2(session, open, random, hooks);
     else if (open.draw.drawtype == "rr" && hooks.round_robin)
         hooks.round_robin(open);
-}
-
-void add_draw_stub(Database& tournament, OpenDraw& open)
-{
-    auto& draw = open.draw;
-    const int rounds = round_count(draw.drawsize);
-    if (rounds == 0)
-        return;
-    std::int64_t sid = 1;
-    if (auto max = tournament.query("select max(sid) as maxsid from schedule"); max.step() && !max.is_null("maxsid"))
-        sid = max.integer("maxsid") + 1;
-    const auto min_sid = sid;
-    const int levels = rounds + 1;
-    const std::string maxrounds = std::to_string(levels - 1);
-
-    Transaction transaction(tournament);
-    auto insert = tournament.query(R"(insert into schedule (eid, ds, drawtype, singdobs, eventname, evtsex, "match",
-        maxrounds, sid, rid, rname, rsname, mt, mb, mw_ptr, matchtime_int, match_state,
-        scheduledate, mtseeding, mbseeding, prev_match_state, mtttt, mtfrn, mttag, mbttt, mbfrn, mbtag,
-        mwttt, mwfrn, mwtag, imtttt, imtfrn, imttag, imbttt, imbfrn, imbtag, imwttt, imwfrn, imwtag,
-        imatchscore, imatchlongscore, matchtime, nbat, p1_matchnote, p2_matchnote, p3_matchnote, p4_matchnote,
-        mg_matchnote)
-        values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, -1, '1',
-        '', '', '', '', '', '', '', '', '', '', '', '', '', '', '', '', '', '', '', '', '', '',
-        '', '', '', '', '', '', '', '', ''))");
-    int match = 1;
-    int slots = draw.drawsize;
-    for (int rid = 1; rid <= levels; ++rid) {
-        for (int s = 1; s <= slots; s += 2) {
-            insert.reset();
-            insert.bind_all(draw.curr_eid, draw.drawsize, draw.drawtype, draw.singdobs, draw.eventname, draw.evtsex,
-                match, levels - 1, sid, rid, rname_for(slots, rid), std::to_string(rid) + "." + maxrounds,
-                OpenDraw::address_text(rid, s), OpenDraw::address_text(rid, s + 1),
-                OpenDraw::address_text(rid + 1, OpenDraw::next_position(s)));
-            insert.step();
-            ++sid;
-            ++match;
-        }
-        slots /= 2;
-    }
-    const auto last_sid = sid - 1;
-    tournament.run("update events set min_sid = ?, max_sid = ? where eid = ?", min_sid, last_sid, draw.curr_eid);
-    transaction.commit();
-
-    draw.min_sid = min_sid;
-    draw.max_sid = last_sid + 1;
-    for (int level = 1; level <= open.levels(); ++level)
-        for (int position = 1; position <= open.positions(level); ++position)
-            open.slot(level, position).sid = min_sid + open.match_of(level, position) - 1;
 }
 
 void do_all_draws(

@@ -2,6 +2,7 @@
 
 #include "drawengine/draw_random.h"
 #include "drawengine/ko_placing.h"
+#include "drawengine/ko_rows.h"
 #include "drawengine/open_draw.h"
 #include "entries/main_lists.h"
 
@@ -53,10 +54,6 @@ bool RR_KO_delete_draw(Session& session, OpenDraw& draw);
 
 // "do draw" on the chosen event: delete any old draw, then place the new one.
 void DODRAW(Session& session, OpenDraw& draw, DrawRandom& random, const DrawHooks& hooks = {});
-
-// Lays the empty tree of the open draw down in schedule, one row per match and the winner row, and records the
-// sid range in events and the state record. The tree's slots learn the sids of their rows.
-void add_draw_stub(Database& tournament, OpenDraw& draw);
 
 // The steps of "do all draws" that belong to the draw area and the save.
 struct AllDrawsSteps
