@@ -5,7 +5,7 @@
 #include "drawengine/ko_generation.h"
 #include "drawengine/open_draw.h"
 
-#include <optional>
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 
