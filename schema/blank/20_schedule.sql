@@ -98,3 +98,8 @@ create table schedule (
 create index schedule_sid on schedule (sid);
 create index schedule_eid on schedule (eid);
 create index schedule_day on schedule (scheduledate, cid, matchnumber);
+-- The rows whose state a recount of any event must put right, and the rows that died since their last count:
+-- a save finds them without reading the whole table. Both hold few rows or none.
+create index schedule_stale_empty_top on schedule (eid) where mtttt = '' and match_state <> '1';
+create index schedule_stale_bye_top on schedule (eid) where mtttt = 'bye' and match_state <> '0';
+create index schedule_newly_dead on schedule (scheduledate, cid) where match_state = '3' and prev_match_state <> '3';

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -19,10 +20,15 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+class StatementCache;
+struct CachedSql;
+
 // A prepared statement. Values are bound by position; columns are read by name.
+// One that came from a database's cache goes back to it, reset and with its bindings cleared, when let go.
 class Statement
 {
 public:
+    // A statement of its own, finalized when let go.
     Statement(sqlite3* db, std::string_view sql);
     Statement(Statement&& other) noexcept;
     Statement& operator=(Statement&& other) noexcept;
@@ -63,8 +69,14 @@ public:
     int column_index(std::string_view column) const;
 
 private:
+    friend class StatementCache;
+    Statement(sqlite3* db, sqlite3_stmt* stmt, std::shared_ptr<StatementCache> cache, CachedSql* home);
+    void let_go() noexcept;
+
     sqlite3* m_db = nullptr;
     sqlite3_stmt* m_stmt = nullptr;
+    std::shared_ptr<StatementCache> m_cache; // empty for a statement of its own
+    CachedSql* m_home = nullptr; // the cache's entry for this SQL text
 };
 
 // One open database file. Move-only; closes on destruction.
@@ -91,15 +103,17 @@ public:
     // Runs one statement with bound values; returns the number of rows changed.
     template <class... Values> int run(std::string_view sql, const Values&... values)
     {
-        Statement statement(m_db, checked_sql(sql));
+        Statement statement = prepared(sql);
         statement.bind_all(values...);
         statement.step();
         return changes();
     }
 
+    // The caller steps the statement; letting it go hands it back to the cache. The same text may be in use
+    // more than once at a time: each use gets a statement of its own.
     template <class... Values> Statement query(std::string_view sql, const Values&... values)
     {
-        Statement statement(m_db, checked_sql(sql));
+        Statement statement = prepared(sql);
         statement.bind_all(values...);
         return statement;
     }
@@ -126,12 +140,17 @@ public:
     int changes() const;
     sqlite3* handle() const { return m_db; }
 
+    // Statements prepared once and kept for reuse, by SQL text; how many texts the cache holds.
+    std::size_t cached_statement_count() const;
+
 private:
     Database(const std::filesystem::path& file, int flags);
     std::string_view checked_sql(std::string_view sql) const;
+    Statement prepared(std::string_view sql);
 
     sqlite3* m_db = nullptr;
     std::filesystem::path m_path;
+    std::shared_ptr<StatementCache> m_cache;
 };
 
 // Rolls back unless committed: a failed user operation leaves the file as it was.

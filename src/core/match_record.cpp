@@ -6,24 +6,36 @@
 
 namespace qv {
 
+// The four rules in their order, later rules winning. The eid term of the first and the last rule binds only to
+// the last "or" term, so those two also set the state of every row of any event whose top is empty or "bye":
+// each runs as two statements, the event's own rows and then that wider set, with the same effect. A statement
+// leaves alone the rows that already hold its state; the wider sets are then found through partial indexes,
+// so a save does not read or rewrite the rows of every other event.
 void recompute_match_states(Database& tournament, std::int64_t eid)
 {
-    // The eid terms of the first and last statements bind only to their last "or" term, so rows of other events
-    // with an empty or bye top are touched too. Those rows hold that state anyway; the statements stay as
-    // they have always run.
-    tournament.run("update schedule set match_state='1' where mtttt='' or mbttt='' And eid = ?", eid);
     tournament.run(
-        "update schedule set match_state='2' where mtttt<>'' and mbttt<>''  and eid = ? and match_state <>'2.1'", eid);
-    tournament.run("update schedule set match_state='3' where mtttt<>'' and mbttt<>''  and mwttt <>'' and eid =?", eid);
-    tournament.run("update schedule set match_state='0' where mtttt ='bye' or mbttt = 'bye'  and eid = ?", eid);
+        "update schedule set match_state='1' where eid = ? and (mtttt='' or mbttt='') and match_state <> '1'", eid);
+    tournament.run("update schedule set match_state='1' where mtttt = '' and match_state <> '1'");
+    tournament.run("update schedule set match_state='2' where mtttt<>'' and mbttt<>''  and eid = ? and match_state "
+                   "<>'2.1' and match_state <> '2'",
+        eid);
+    tournament.run("update schedule set match_state='3' where mtttt<>'' and mbttt<>''  and mwttt <>'' and eid =? and "
+                   "match_state <> '3'",
+        eid);
+    tournament.run(
+        "update schedule set match_state='0' where eid = ? and (mtttt='bye' or mbttt='bye') and match_state <> '0'",
+        eid);
+    tournament.run("update schedule set match_state='0' where mtttt = 'bye' and match_state <> '0'");
 }
 
 void recompute_all_match_states(Database& tournament)
 {
-    tournament.run("update schedule set match_state='1' where mtttt='' or mbttt=''");
-    tournament.run("update schedule set match_state='2' where mtttt<>'' and mbttt<>''  and match_state <>'2.1'");
-    tournament.run("update schedule set match_state='3' where mtttt<>'' and mbttt<>''  and mwttt <>''");
-    tournament.run("update schedule set match_state='0' where mtttt ='bye' or mbttt = 'bye' ");
+    tournament.run("update schedule set match_state='1' where (mtttt='' or mbttt='') and match_state <> '1'");
+    tournament.run("update schedule set match_state='2' where mtttt<>'' and mbttt<>''  and match_state <>'2.1' and "
+                   "match_state <> '2'");
+    tournament.run(
+        "update schedule set match_state='3' where mtttt<>'' and mbttt<>''  and mwttt <>'' and match_state <> '3'");
+    tournament.run("update schedule set match_state='0' where (mtttt ='bye' or mbttt = 'bye') and match_state <> '0'");
 }
 
 namespace {
@@ -87,6 +99,8 @@ std::string court_list_cid_word(std::int64_t cid)
     switch (cid) {
     case -1:
         return "fa";
+    case -2:
+        return "cb";
     case -3:
         return "tbc";
     case -4:

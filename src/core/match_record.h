@@ -23,8 +23,8 @@ std::vector<std::string> match_names(Database& tournament, UserTalk& talk, std::
 std::string cid_paren_word(std::int64_t cid);
 // Short form of every reserved code: -1 "fa", -2 "cb", -3 "tbc", -4 "dcb", anything else its number.
 std::string cid_word(std::int64_t cid);
-// Short form for the court list of a day, which holds only the reserved courts of a day: -1 "fa", -3 "tbc",
-// -4 "dcb", anything else (the clipboard included) its number.
+// Short form for the court lists, in their order: -1 "fa", -2 "cb", -3 "tbc", -4 "dcb", anything else its
+// number.
 std::string court_list_cid_word(std::int64_t cid);
 
 } // namespace qv

@@ -13,6 +13,15 @@ bool is_continuation(unsigned char byte)
     return (byte & 0xC0) == 0x80;
 }
 
+// Plain ASCII text is its own characters: the counting and cutting below need no decoding for it.
+bool is_ascii(std::string_view text)
+{
+    for (const char c : text)
+        if (static_cast<unsigned char>(c) >= 0x80)
+            return false;
+    return true;
+}
+
 } // namespace
 
 std::u32string decode_utf8(std::string_view text)
@@ -98,6 +107,8 @@ std::string encode_utf8(char32_t c)
 
 std::size_t char_count(std::string_view text)
 {
+    if (is_ascii(text))
+        return text.size();
     return decode_utf8(text).size();
 }
 
@@ -116,6 +127,8 @@ std::string right_chars(std::string_view text, std::size_t count)
 
 std::string mid_chars(std::string_view text, std::size_t first, std::size_t count)
 {
+    if (is_ascii(text))
+        return first >= text.size() ? std::string() : std::string(text.substr(first, count));
     auto chars = decode_utf8(text);
     if (first >= chars.size())
         return {};

@@ -7,6 +7,7 @@
 #include "core/time_rules.h"
 #include "drawengine/ko_generation.h"
 #include "drawengine/ko_progression.h"
+#include "drawengine/ko_row_values.h"
 #include "drawengine/rr_saving.h"
 
 #include <array>
@@ -20,76 +21,6 @@ namespace {
 
 constexpr std::string_view save_as_u_go = "draw.isaveasugo";
 constexpr std::string_view save_no_prompt = "draw.iautosavechanges";
-
-// The values of one side of a match row, as the open draw holds them.
-struct SideVals
-{
-    std::string frn, ttt, tag;
-    std::string wfrn, wttt, wtag; // the winner: the slot the match feeds, empty while that is empty
-    std::string score, longscore; // from that slot's score box
-    std::string country, seeding, ar, sex;
-    std::string pa, pb; // the side's people: a pair split at "/"
-};
-
-using Column = std::pair<std::string, std::string>;
-
-std::pair<std::string, std::string> split_people(const std::string& name)
-{
-    if (name.find('/') == std::string::npos)
-        return { name, {} };
-    auto pair = split_pair(name);
-    return { std::move(pair.left), std::move(pair.right) };
-}
-
-SideVals get_vals(const OpenDraw& open, int level, int position)
-{
-    SideVals vals;
-    const auto& slot = open.slot(level, position);
-    vals.frn = slot.frn;
-    vals.ttt = slot.ttt;
-    vals.tag = slot.tag;
-    vals.country = slot.country;
-    vals.seeding = slot.seed;
-    vals.ar = slot.ar;
-    vals.sex = slot.sex;
-    std::tie(vals.pa, vals.pb) = split_people(slot.ttt);
-    const int n = OpenDraw::next_position(position);
-    if (open.has_slot(level + 1, n)) {
-        const auto& next = open.slot(level + 1, n);
-        if (!open.is_empty(level + 1, n)) {
-            vals.wfrn = next.frn;
-            vals.wttt = next.ttt;
-            vals.wtag = next.tag;
-        }
-        vals.score = next.score.matchscore;
-        vals.longscore = next.score.matchlongscore;
-    }
-    return vals;
-}
-
-// The columns of one side with their values. Names are made from the prefix "i" or "" and the side 't' or 'b'.
-std::vector<Column> side_columns(std::string_view prefix, char side, const SideVals& vals)
-{
-    const std::string p(prefix);
-    const std::string m = p + "m" + side;
-    const bool top = side == 't';
-    return {
-        { m + "frn", vals.frn },
-        { m + "ttt", vals.ttt },
-        { m + "tag", vals.tag },
-        { p + "mwfrn", vals.wfrn },
-        { p + "mwttt", vals.wttt },
-        { p + "mwtag", vals.wtag },
-        { p + "matchscore", vals.score },
-        { p + "matchlongscore", vals.longscore },
-        { m + "_country", vals.country },
-        { m + "seeding", vals.seeding },
-        { m + "ar", vals.ar },
-        { m + "sex", vals.sex },
-        { p + (top ? "p1" : "p3"), vals.pa },
-        { p + (top ? "p2" : "p4"), vals.pb },
-    };
-}
 
 void write_row(Database& db, std::int64_t sid, const std::vector<Column>& columns)
 {
@@ -290,19 +221,20 @@ void save_draw(Session& session, OpenDraw& open, const DrawSaveHooks& hooks, Sav
 
     BusyCursor busy(hooks.busy);
     auto& db = session.tournament();
+    // One unit of work: the rows, the states, the marks and the counts are written together or not at all.
+    Transaction transaction(db);
     const auto eid = draw.curr_eid;
     draw.new_draw = false;
     if (db.scalar_integer("select count(*) from schedule where eid = ?", eid) == 0) {
         draw.new_draw = true;
+        // A knock-out's stub rows are laid down with their values at once: KO_savecontrols does both.
         if (!rr)
-            add_draw_stub(db, open);
+            KO_savecontrols(db, open);
         else if (hooks.add_draw_stub_RR)
             hooks.add_draw_stub_RR(open);
     }
     if (draw.new_draw) {
-        if (!rr)
-            KO_savecontrols(db, open);
-        else if (hooks.RR_savecontrols)
+        if (rr && hooks.RR_savecontrols)
             hooks.RR_savecontrols(open);
     } else {
         if (!rr)
@@ -340,6 +272,7 @@ void save_draw(Session& session, OpenDraw& open, const DrawSaveHooks& hooks, Sav
     draw.new_draw = false;
     do_live_match_counts(db, eid, hooks.board);
     set_changed_recs(db, open);
+    transaction.commit();
 }
 
 void save_draw_END_doing_all_draws(Session& session, const DrawSaveHooks& hooks)
@@ -348,44 +281,6 @@ void save_draw_END_doing_all_draws(Session& session, const DrawSaveHooks& hooks)
     session.refresh_lists(Lists::draw);
     if (hooks.board.refresh)
         hooks.board.refresh();
-}
-
-void KO_savecontrols(Database& tournament, const OpenDraw& open)
-{
-    struct Row
-    {
-        std::int64_t sid = 0;
-        std::string mt, mb;
-    };
-    std::vector<Row> rows;
-    for (auto q
-         = tournament.query("select sid, mt, mb from schedule where eid = ? order by \"match\"", open.draw.curr_eid);
-         q.step();)
-        rows.push_back({ q.integer("sid"), q.text("mt"), q.text("mb") });
-
-    Transaction savepoint(tournament);
-    for (const auto& row : rows) {
-        const auto top = OpenDraw::split_mtmb(row.mt);
-        if (!top || !open.has_slot(top->level, top->position))
-            continue;
-        std::vector<Column> columns;
-        auto add_side = [&](SlotAddress at, char side) {
-            const auto vals = get_vals(open, at.level, at.position);
-            for (auto& column : side_columns("", side, vals))
-                columns.push_back(std::move(column));
-            for (auto& column : side_columns("i", side, vals))
-                columns.push_back(std::move(column));
-        };
-        add_side(*top, 't');
-        // The winner row has only its top side: the champion.
-        const bool winner_row = top->level >= open.draw.rounds;
-        if (const auto bottom = OpenDraw::split_mtmb(row.mb);
-            !winner_row && bottom && open.has_slot(bottom->level, bottom->position))
-            add_side(*bottom, 'b');
-        columns.push_back({ "changed", "0" });
-        write_row(tournament, row.sid, columns);
-    }
-    savepoint.commit();
 }
 
 void KO_copy_over(Database& tournament, std::int64_t eid)
@@ -504,12 +399,13 @@ bool leave_draw(Session& session, OpenDraw& open, LeaveReason reason, const Draw
 std::vector<DayCourt> do_live_match_counts(Database& tournament, std::int64_t eid, const ScheduleBoardHooks& board)
 {
     // The eid term binds to the second "or" term only, as the count has always been made: a row of another
-    // event that turned dead since its own last count is reported as well.
+    // event that turned dead since its own last count is reported as well. The two terms are asked apart, so
+    // that each finds its rows through an index, and the days and courts come once each, in their order.
     std::vector<DayCourt> changed;
-    for (auto rows = tournament.query("select distinct scheduledate,cid  from schedule where "
-                                      "(match_state='3' and prev_match_state <>'3') or "
-                                      "(match_state<>'3' and prev_match_state ='3') "
-                                      " and eid=?",
+    for (auto rows = tournament.query("select scheduledate,cid from schedule where "
+                                      "match_state='3' and prev_match_state <>'3' "
+                                      "union select scheduledate,cid from schedule where "
+                                      "eid=? and match_state<>'3' and prev_match_state ='3' order by 1, 2",
              eid);
          rows.step();)
         changed.push_back({ rows.text("scheduledate"), rows.integer("cid") });
@@ -524,41 +420,45 @@ std::vector<DayCourt> do_live_match_counts(Database& tournament, std::int64_t ei
     }
     if (board.renumber && !changed.empty())
         board.renumber(changed);
-    tournament.run("Update schedule set prev_match_state=match_state where eid=?", eid);
+    // Rows whose count is already current are left alone: the write would change nothing.
+    tournament.run(
+        "Update schedule set prev_match_state=match_state where eid=? and prev_match_state is not match_state collate "
+        "binary",
+        eid);
     return changed;
 }
 
 void KO_loadroundsdata(Database& tournament, OpenDraw& open)
 {
     open.build_tree(open.draw.drawsize);
-    auto rows = tournament.query(R"(select sid, mt, mb, mw_ptr, imtttt, imtfrn, imttag, imt_country, imtseeding, imtar,
-        imtsex, imbttt, imbfrn, imbtag, imb_country, imbseeding, imbar, imbsex, imatchscore, imatchlongscore
+    // Columns by position: sid, mt, mb, mw_ptr, then seven of each side from 4 and 11, then the two scores.
+    auto rows = tournament.query(R"(select sid, mt, mb, mw_ptr,
+        imtttt, imtfrn, imttag, imt_country, imtseeding, imtar, imtsex,
+        imbttt, imbfrn, imbtag, imb_country, imbseeding, imbar, imbsex, imatchscore, imatchlongscore
         from schedule where eid = ? order by "match")",
         open.draw.curr_eid);
     while (rows.step()) {
-        const auto sid = rows.integer("sid");
-        auto fill = [&](std::string_view address, std::string_view m) {
-            const auto at = OpenDraw::split_mtmb(address);
+        const auto sid = rows.integer(0);
+        auto fill = [&](int address_column, int first) {
+            const auto at = OpenDraw::split_mtmb(rows.text(address_column));
             if (!at || !open.has_slot(at->level, at->position))
                 return;
             auto& slot = open.slot(*at);
-            const std::string p = "i" + std::string(m);
-            slot.ttt = rows.text(p + "ttt");
-            slot.frn = rows.text(p + "frn");
-            slot.tag = rows.text(p + "tag");
-            slot.country = rows.text(p + "_country");
-            slot.seed = rows.text(p + "seeding");
-            slot.ar = rows.text(p + "ar");
-            slot.sex = rows.text(p + "sex");
+            slot.ttt = rows.text(first);
+            slot.frn = rows.text(first + 1);
+            slot.tag = rows.text(first + 2);
+            slot.country = rows.text(first + 3);
+            slot.seed = rows.text(first + 4);
+            slot.ar = rows.text(first + 5);
+            slot.sex = rows.text(first + 6);
             slot.sid = sid;
         };
-        fill(rows.text("mt"), "mt");
-        fill(rows.text("mb"), "mb");
-        if (const auto next = OpenDraw::split_mtmb(rows.text("mw_ptr"));
-            next && open.has_slot(next->level, next->position)) {
+        fill(1, 4);
+        fill(2, 11);
+        if (const auto next = OpenDraw::split_mtmb(rows.text(3)); next && open.has_slot(next->level, next->position)) {
             auto& score = open.slot(*next).score;
-            score.matchscore = rows.text("imatchscore");
-            score.matchlongscore = rows.text("imatchlongscore");
+            score.matchscore = rows.text(18);
+            score.matchlongscore = rows.text(19);
         }
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drawengine/ko_rows.h"
 #include "drawengine/open_draw.h"
 
 #include <cstdint>
@@ -82,8 +83,6 @@ void save_draw(
 // The refreshes that "do all draws" held back, once at its end.
 void save_draw_END_doing_all_draws(Session& session, const DrawSaveHooks& hooks = {});
 
-// First write of a new "ko" draw into the stub rows: every value to the live and the shadow column.
-void KO_savecontrols(Database& tournament, const OpenDraw& draw);
 // Shadow to live for the event's rows with changed = 1; they become clean.
 void KO_copy_over(Database& tournament, std::int64_t eid);
 // "rollback to last save": live to shadow for the changed rows, then the draw is read again. Refused under

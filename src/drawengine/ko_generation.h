@@ -1,6 +1,8 @@
 #pragma once
 
 #include "drawengine/draw_random.h"
+#include "drawengine/ko_placing.h"
+#include "drawengine/ko_rows.h"
 #include "drawengine/open_draw.h"
 #include "entries/main_lists.h"
 
@@ -32,6 +34,8 @@ void KO_do_draw_jumble2(std::vector<std::string>& hold, std::vector<std::string>
 
 // Fills each entry's country ("a/b" for a pair) and ar marks ("", "." or "..") from the players' register.
 void pull_ar_countries(Database& tournament, std::int64_t eid);
+// The same, answering each entry's new country and ar marks in the order of the entries that are no reserve.
+std::vector<std::pair<std::string, std::string>> refresh_ar_countries(Database& tournament, std::int64_t eid);
 
 // Reads the event's columns into the state record: eid, name, sex, draw type, singles or doubles, points mode,
 // draw size, sid range and time stamp.
@@ -41,8 +45,8 @@ void load_event_state(Database& tournament, std::int64_t eid, DrawState& draw);
 // more candidates than a draw can hold); the open draw is then left as it was.
 bool KO_do_draw2(Session& session, OpenDraw& draw, DrawRandom& random, const DrawHooks& hooks = {});
 
-// Copies draw_stage2 into the first round of the tree.
-void KO_pull_draw_stage2(Database& tournament, OpenDraw& draw);
+// Copies the placed slots (draw_stage2) into the first round of the tree.
+void KO_pull_draw_stage2(const std::vector<StageSlot>& stage2, OpenDraw& draw);
 
 // Asks, then removes the open draw from schedule, the event and its entries. False when the user said No or
 // Cancel; true at once when no draw is open.
@@ -50,10 +54,6 @@ bool RR_KO_delete_draw(Session& session, OpenDraw& draw);
 
 // "do draw" on the chosen event: delete any old draw, then place the new one.
 void DODRAW(Session& session, OpenDraw& draw, DrawRandom& random, const DrawHooks& hooks = {});
-
-// Lays the empty tree of the open draw down in schedule, one row per match and the winner row, and records the
-// sid range in events and the state record. The tree's slots learn the sids of their rows.
-void add_draw_stub(Database& tournament, OpenDraw& draw);
 
 // The steps of "do all draws" that belong to the draw area and the save.
 struct AllDrawsSteps

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 namespace qv {
@@ -20,6 +21,12 @@ bool fits(std::string_view text, std::size_t limit)
 // The first letter in capitals, the rest as it stands.
 std::string cap(std::string_view text)
 {
+    if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
+        std::string out(text);
+        if (!out.empty() && out[0] >= 'a' && out[0] <= 'z')
+            out[0] = static_cast<char>(out[0] - 'a' + 'A');
+        return out;
+    }
     auto chars = decode_utf8(text);
     if (!chars.empty())
         chars[0] = upper_cp1252(chars[0]);
@@ -170,54 +177,149 @@ NameForms k_get_names_doubles_player_fname(std::string_view name, std::string_vi
     return doubles_forms(name, fname1, fname2, TagFallbackGoesTo::frn, k_isunique, counter);
 }
 
+EventEntryNames EventEntryNames::read(Database& tournament, std::int64_t eid)
+{
+    EventEntryNames names;
+    for (auto rows = tournament.query(R"(select player, playerfname, playersname, partnerfname, partnersname
+             from evententries where eid = ? order by rowid)",
+             eid);
+         rows.step();)
+        names.m_by_key.try_emplace(name_key(rows.text(0)),
+            EntryNames { trim(rows.text(1)), trim(rows.text(2)), trim(rows.text(3)), trim(rows.text(4)) });
+    return names;
+}
+
+const EntryNames* EventEntryNames::find(const std::string& key) const
+{
+    const auto found = m_by_key.find(key);
+    return found == m_by_key.end() ? nullptr : &found->second;
+}
+
+namespace {
+
+NameForms forms_from(std::string_view name, const EntryNames* entry, const UniqueTest& k_isunique, NameCounter& counter)
+{
+    const auto key = name_key(name);
+    NameForms as_it_stands { std::string(name), std::string(name), std::string(name) };
+    if (key == "bye" || begins(key, "qualifier") || begins(key, "wildcard") || !entry)
+        return as_it_stands;
+
+    const bool no_surnames = entry->sname1.empty() && entry->sname2.empty();
+    const bool doubles = name.find('/') != std::string_view::npos;
+    if (doubles && !no_surnames)
+        return k_get_names_doubles_player_fname_sname(
+            name, entry->fname1, entry->sname1, entry->fname2, entry->sname2, k_isunique, counter);
+    if (doubles)
+        return k_get_names_doubles_player_fname(name, entry->fname1, entry->fname2, k_isunique, counter);
+    if (!no_surnames)
+        return k_get_names_singles_player_fname_sname(name, entry->fname1, entry->sname1, k_isunique, counter);
+    return k_get_names_singles_player_fname(name, entry->fname1, k_isunique, counter);
+}
+
+bool is_plain_word(const std::string& key)
+{
+    return key == "bye" || begins(key, "qualifier") || begins(key, "wildcard");
+}
+
+// The form keys of every first-round slot's ttt, frn and tag, counted: a uniqueness test is one look-up, and
+// a slot's new forms replace its old ones as the run goes on.
+class FormKeys
+{
+public:
+    explicit FormKeys(const OpenDraw& draw)
+    {
+        for (int i = 1; i <= draw.positions(1); ++i)
+            add(draw.slot(1, i));
+    }
+    bool has(std::string_view candidate) const { return m_count.count(form_key(candidate)) > 0; }
+    void add(const Slot& slot)
+    {
+        for (const auto* form : { &slot.ttt, &slot.frn, &slot.tag })
+            ++m_count[form_key(*form)];
+    }
+    void remove(const Slot& slot)
+    {
+        for (const auto* form : { &slot.ttt, &slot.frn, &slot.tag }) {
+            const auto found = m_count.find(form_key(*form));
+            if (found != m_count.end() && --found->second == 0)
+                m_count.erase(found);
+        }
+    }
+
+private:
+    std::unordered_map<std::string, int> m_count;
+};
+
+} // namespace
+
+NameForms form_slot_names(
+    const EventEntryNames& entries, std::string_view name, const UniqueTest& k_isunique, NameCounter& counter)
+{
+    const auto key = name_key(name);
+    return forms_from(name, is_plain_word(key) ? nullptr : entries.find(key), k_isunique, counter);
+}
+
 NameForms form_slot_names(
     Database& tournament, std::int64_t eid, std::string_view name, const UniqueTest& k_isunique, NameCounter& counter)
 {
     const auto key = name_key(name);
-    NameForms as_it_stands { std::string(name), std::string(name), std::string(name) };
-    if (key == "bye" || begins(key, "qualifier") || begins(key, "wildcard"))
-        return as_it_stands;
-
+    if (is_plain_word(key))
+        return forms_from(name, nullptr, k_isunique, counter);
     auto entry = tournament.query(R"(select playerfname, playersname, partnerfname, partnersname from evententries
         where eid = ? and lower(trim(player)) = ? order by rowid limit 1)",
         eid, key);
     if (!entry.step())
-        return as_it_stands;
-    const auto fname1 = trim(entry.text("playerfname"));
-    const auto sname1 = trim(entry.text("playersname"));
-    const auto fname2 = trim(entry.text("partnerfname"));
-    const auto sname2 = trim(entry.text("partnersname"));
+        return forms_from(name, nullptr, k_isunique, counter);
+    const EntryNames names { trim(entry.text(0)), trim(entry.text(1)), trim(entry.text(2)), trim(entry.text(3)) };
+    return forms_from(name, &names, k_isunique, counter);
+}
 
-    const bool no_surnames = sname1.empty() && sname2.empty();
-    const bool doubles = name.find('/') != std::string_view::npos;
-    if (doubles && !no_surnames)
-        return k_get_names_doubles_player_fname_sname(name, fname1, sname1, fname2, sname2, k_isunique, counter);
-    if (doubles)
-        return k_get_names_doubles_player_fname(name, fname1, fname2, k_isunique, counter);
-    if (!no_surnames)
-        return k_get_names_singles_player_fname_sname(name, fname1, sname1, k_isunique, counter);
-    return k_get_names_singles_player_fname(name, fname1, k_isunique, counter);
+bool player(std::string_view name)
+{
+    const auto lower = lcase(name);
+    for (const std::string_view word : { "wildcard", "qualifier", "bye" })
+        if (lower.find(word) != std::string::npos)
+            return false;
+    return true;
+}
+
+std::optional<std::string> wcq(std::string_view name)
+{
+    const auto trimmed = trim(name);
+    const auto lower = lcase(trimmed);
+    for (const auto& [word, mark] : { std::pair<std::string_view, std::string_view> { "qualifier", "Q" },
+             std::pair<std::string_view, std::string_view> { "wildcard", "W" } }) {
+        if (const auto at = lower.find(word); at != std::string::npos)
+            return std::string(mark) + trimmed.substr(at + word.size());
+    }
+    if (lower == "bye")
+        return "bye";
+    return std::nullopt;
 }
 
 void k_fmt_names(Database& tournament, std::int64_t eid, int count, const std::function<std::string(int)>& name_at,
     const std::function<void(int, const NameForms&)>& store, const UniqueTest& k_isunique)
 {
+    const auto entries = EventEntryNames::read(tournament, eid);
     NameCounter counter;
     for (int i = 1; i <= count; ++i)
-        store(i, form_slot_names(tournament, eid, name_at(i), k_isunique, counter));
+        store(i, form_slot_names(entries, name_at(i), k_isunique, counter));
 }
 
 void k_fmt_names_current_pre_draw(Database& tournament, OpenDraw& draw)
 {
+    FormKeys keys(draw);
     k_fmt_names(
         tournament, draw.draw.curr_eid, draw.positions(1), [&](int i) { return draw.slot(1, i).ttt; },
         [&](int i, const NameForms& forms) {
             auto& s = draw.slot(1, i);
+            keys.remove(s);
             s.ttt = forms.ttt;
             s.frn = forms.frn;
             s.tag = forms.tag;
+            keys.add(s);
         },
-        [&](std::string_view candidate) { return k_isunique_ko(draw, candidate); });
+        [&](std::string_view candidate) { return !keys.has(candidate); });
 }
 
 } // namespace qv

@@ -149,7 +149,7 @@ TEST(CourtCodeWordsTest, EachMappingKnowsItsOwnCodes)
         const char* court_list;
     } cases[] = {
         { -1, "(fa)", "fa", "fa" },
-        { -2, "-2", "cb", "-2" },
+        { -2, "-2", "cb", "cb" },
         { -3, "(tbc)", "tbc", "tbc" },
         { -4, "-4", "dcb", "dcb" },
         { 0, "0", "0", "0" },

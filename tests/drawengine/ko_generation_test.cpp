@@ -271,36 +271,49 @@ TEST_F(KoGenerationTest, WildcardsAloneMakeADrawWithoutComplaint)
 
 TEST_F(KoGenerationTest, TwoEntriesSeededFiveShareOneSeedSlot)
 {
-    add_event(1);
-    auto entries = numbered(10);
-    entries[3].seeding = "5";
-    entries[6].seeding = "5";
-    add_entries(1, entries);
+    std::vector<DrawEntry> entries;
+    for (int k = 1; k <= 10; ++k)
+        entries.push_back({ player_name(k), k == 4 || k == 7 ? "5" : "0" });
+    const auto seeds = default_seed_positions(session.init_db(), 16);
     const int slot5 = pattern(16).at(5);
+    std::set<std::string> seeded_ones;
     for (std::uint64_t seed = 1; seed <= 20; ++seed) {
-        auto open = draw_for(1);
-        ASSERT_TRUE(generate(open, seed));
+        SeededDrawRandom random(seed);
+        const auto stage = KO_place_draw(KO_candidate_names(entries, 0, 0), entries, 16, seeds, random);
         // The one first in shuffled order is the seed; the other is an ordinary player.
-        const auto first = db->scalar_text("select player from draw_stage1 where seeding = '5' order by i limit 1");
-        const auto other = first == "p4" ? "p7" : "p4";
-        EXPECT_EQ(open.slot(1, slot5).ttt, first);
-        EXPECT_EQ(open.slot(1, slot5).seed, "5");
-        for (int s = 1; s <= 16; ++s)
-            if (open.slot(1, s).ttt == other) {
-                EXPECT_EQ(open.slot(1, s).seed, "");
+        std::vector<std::string> fives;
+        for (const auto& c : stage.stage1)
+            if (c.seeding == "5")
+                fives.push_back(c.player);
+        ASSERT_EQ(fives.size(), 2u);
+        seeded_ones.insert(fives[0]);
+        EXPECT_EQ(stage.stage2[slot5 - 1].player, fives[0]);
+        EXPECT_EQ(stage.stage2[slot5 - 1].seed, "5");
+        for (const auto& slot : stage.stage2)
+            if (slot.player == fives[1]) {
+                EXPECT_EQ(slot.seed, "");
             }
     }
+    EXPECT_EQ(seeded_ones, (std::set<std::string> { "p4", "p7" }));
 }
 
 TEST_F(KoGenerationTest, SeedingTextsThatAreNoSeed)
 {
+    const std::vector<DrawEntry> entries { { "zero", "0" }, { "blank", "" }, { "odd", "3/4" }, { "one", "1" } };
+    SeededDrawRandom random(1);
+    const auto stage = KO_place_draw(
+        KO_candidate_names(entries, 0, 0), entries, 4, default_seed_positions(session.init_db(), 4), random);
+    std::map<std::string, std::string> seeding;
+    for (const auto& c : stage.stage1)
+        seeding[c.player] = c.seeding;
+    EXPECT_EQ(seeding,
+        (std::map<std::string, std::string> { { "zero", "" }, { "blank", "" }, { "odd", "3/4" }, { "one", "1" } }));
+
     add_event(1);
     db->run(R"(insert into evententries (ent_idx, eid, player, seeding) values
         (1, 1, 'zero', 0), (2, 1, 'blank', ''), (3, 1, 'odd', '3/4'), (4, 1, 'one', 1))");
     auto open = draw_for(1);
     ASSERT_TRUE(generate(open, 1));
-    EXPECT_EQ(db->scalar_text("select seeding from draw_stage1 where player = 'zero'"), "");
-    EXPECT_EQ(db->scalar_text("select seeding from draw_stage1 where player = 'odd'"), "3/4");
     for (int s = 1; s <= 4; ++s) {
         const auto& slot = open.slot(1, s);
         EXPECT_EQ(slot.seed, slot.ttt == "one" ? "1" : "") << slot.ttt;

@@ -427,5 +427,32 @@ TEST_F(NameFormsDrawTest, PairsWhoseFormsAreAllTakenCountOnAndTheCountStartsAgai
     }
 }
 
+TEST(NameFormsTest, PlayerAndPlaceHolderWords)
+{
+    const struct
+    {
+        const char* name;
+        bool is_player;
+        std::optional<std::string> short_form;
+    } cases[] = {
+        { "ann lee", true, std::nullopt },
+        { "", true, std::nullopt },
+        { "qualifier3", false, "Q3" },
+        { "qualifier", false, "Q" },
+        { " Wildcard12 ", false, "W12" },
+        { "wildcard", false, "W" },
+        { "bye", false, "bye" },
+        { "BYE ", false, "bye" },
+        // Anywhere in the name: a player with such letters counts as none, yet only the plain "bye" is a bye.
+        { "Byeford Smith", false, std::nullopt },
+        { "joe wildcard2", false, "W2" },
+        { "lee qualifierson", false, "Qson" },
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(player(c.name), c.is_player) << c.name;
+        EXPECT_EQ(wcq(c.name), c.short_form) << c.name;
+    }
+}
+
 } // namespace
 } // namespace qv
