@@ -9,14 +9,14 @@ void BoardList::assign(std::vector<BoardLine> lines)
     m_lines = std::move(lines);
     m_current = -1;
     if (m_observer)
-        m_observer->reset();
+        m_observer->lines_reset();
 }
 
 void BoardList::append(BoardLine line)
 {
     m_lines.push_back(std::move(line));
     if (m_observer)
-        m_observer->inserted(size() - 1);
+        m_observer->line_inserted(size() - 1);
 }
 
 void BoardList::remove(int row)
@@ -29,7 +29,7 @@ void BoardList::remove(int row)
     else if (m_current > row)
         --m_current;
     if (m_observer)
-        m_observer->removed(row);
+        m_observer->line_removed(row);
 }
 
 void BoardList::set_text(int row, std::string text)
@@ -38,7 +38,7 @@ void BoardList::set_text(int row, std::string text)
         return;
     m_lines[static_cast<std::size_t>(row)].text = std::move(text);
     if (m_observer)
-        m_observer->changed(row);
+        m_observer->line_changed(row);
 }
 
 void BoardList::swap(int a, int b)
@@ -51,8 +51,8 @@ void BoardList::swap(int a, int b)
     else if (m_current == b)
         m_current = a;
     if (m_observer) {
-        m_observer->changed(a);
-        m_observer->changed(b);
+        m_observer->line_changed(a);
+        m_observer->line_changed(b);
         m_observer->selection_changed();
     }
 }

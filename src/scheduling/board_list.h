@@ -22,10 +22,10 @@ class BoardListObserver
 {
 public:
     virtual ~BoardListObserver() = default;
-    virtual void reset() = 0;
-    virtual void inserted(int row) = 0;
-    virtual void removed(int row) = 0;
-    virtual void changed(int row) = 0;
+    virtual void lines_reset() = 0;
+    virtual void line_inserted(int row) = 0;
+    virtual void line_removed(int row) = 0;
+    virtual void line_changed(int row) = 0;
     virtual void selection_changed() = 0;
     virtual void bulk(bool begin) = 0;
 };

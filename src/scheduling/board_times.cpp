@@ -101,7 +101,7 @@ bool set_match_time(ScheduleBoard& board, const TimeChoice& choice)
     return true;
 }
 
-std::optional<TimeChoice> grab_match_time(ScheduleBoard& board)
+std::optional<GrabbedTime> grab_match_time(ScheduleBoard& board)
 {
     const auto sids = board.list(BoardListId::court).selected_sids();
     if (sids.empty()) {

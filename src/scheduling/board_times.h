@@ -19,7 +19,7 @@ void WEB_updatematchtimecall(Database& tournament, std::int64_t sid, std::string
 bool set_match_time(ScheduleBoard& board, const TimeChoice& choice);
 // "grab match time": the first selected match's nb/at, hour and minute for the choosers; an entry the choosers
 // do not offer stays empty. Refused with "select " match.
-std::optional<TimeChoice> grab_match_time(ScheduleBoard& board);
+std::optional<GrabbedTime> grab_match_time(ScheduleBoard& board);
 // "clear times": the selected court lines; "clear times " court (menu): every line of the court on display.
 // Refused with "select day" and "select " court while no court is shown.
 bool BF_clear_times_selected(ScheduleBoard& board);

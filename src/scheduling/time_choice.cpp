@@ -95,16 +95,21 @@ TimeChoice parse_starttime(std::string_view starttime)
     return choice;
 }
 
-TimeChoice grab_time(std::string_view nbat, std::string_view matchtime)
+GrabbedTime grab_time(std::string_view nbat, std::string_view matchtime)
 {
-    TimeChoice choice;
-    choice.nbat = entry_of(nbat_choices(), std::string(nbat));
+    auto offered = [](const std::vector<std::string>& choices, std::string text) -> std::optional<std::string> {
+        if (std::find(choices.begin(), choices.end(), text) == choices.end())
+            return std::nullopt;
+        return text;
+    };
+    GrabbedTime grabbed;
+    grabbed.nbat = offered(nbat_choices(), std::string(nbat));
     const auto colon = matchtime.find(':');
-    if (colon != std::string_view::npos) {
-        choice.hour = entry_of(hour_choices(), trim(matchtime.substr(0, colon)));
-        choice.minute = entry_of(minute_choices(), trim(matchtime.substr(colon + 1)));
-    }
-    return choice;
+    const auto hour = colon == std::string_view::npos ? trim(matchtime) : trim(matchtime.substr(0, colon));
+    const auto minute = colon == std::string_view::npos ? std::string() : trim(matchtime.substr(colon + 1));
+    grabbed.hour = offered(hour_choices(), hour);
+    grabbed.minute = offered(minute_choices(), minute);
+    return grabbed;
 }
 
 } // namespace qv

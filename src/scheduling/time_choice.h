@@ -38,7 +38,12 @@ const std::vector<std::string>& minute_choices();
 // at ":" gives hour and minute. The nb/at word comes back with its blank, as the chooser offers it.
 TimeChoice parse_starttime(std::string_view starttime);
 
-// A match's nb/at and time ("hh:mm") as the choosers show them; a part with no entry stays empty.
-TimeChoice grab_time(std::string_view nbat, std::string_view matchtime);
+// A match's nb/at and time ("hh:mm") for the choosers: each part the entry equal to it, none where the chooser
+// offers no such entry (that chooser is left alone).
+struct GrabbedTime
+{
+    std::optional<std::string> nbat, hour, minute;
+};
+GrabbedTime grab_time(std::string_view nbat, std::string_view matchtime);
 
 } // namespace qv

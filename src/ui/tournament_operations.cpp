@@ -9,6 +9,7 @@
 #include "ui/players_windows.h"
 #include "ui/qt_text.h"
 #include "ui/seeding_patterns_window.h"
+#include "ui/setdatescourts_window.h"
 #include "ui/tournament_area.h"
 
 #include <QInputDialog>
@@ -102,6 +103,15 @@ void register_players(TournamentArea& area, Session& session)
         [&area, &session] { search_operation(session, area.entries()); });
 }
 
+void register_tournament(TournamentArea& area, Session& session)
+{
+    auto* parent = area.window();
+    area.add_worded_operation(
+        OperationList::tournament,
+        [&session] { return qs("set dates/" + session.settings().text("app.generic_courts")); },
+        [&session, parent] { open_setdatescourts(session, parent); }, QStringLiteral("clear data"));
+}
+
 } // namespace
 
 bool search_list(QListWidget* list, const QString& text)
@@ -114,6 +124,7 @@ bool search_list(QListWidget* list, const QString& text)
 
 void register_tournament_operations(TournamentArea& area, Session& session, TournamentOperationHooks hooks)
 {
+    register_tournament(area, session);
     register_events(area, session, hooks);
     register_players(area, session);
 }

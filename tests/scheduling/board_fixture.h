@@ -9,6 +9,7 @@
 #include "scheduling/board_moves.h"
 #include "scheduling/days_courts.h"
 #include "scheduling/schedule_board.h"
+#include "support/drawn_tournament.h"
 #include "support/fake_host.h"
 #include "support/scripted_talk.h"
 #include "support/temp_app_dir.h"
@@ -54,71 +55,9 @@ protected:
         host.calls.clear();
     }
 
-    void add_people()
-    {
-        db->run(R"(insert into events (eid, eventname, sex, singdobs, pte, drawtype) values
-            (1, 'mens singles', 'male', 'singles', 'p', 'ko'), (2, 'mixed doubles', 'mixed', 'doubles', 'p', 'ko'))");
-        auto player = db->query(R"(insert into players (pid, player, fname, sname, sex, pval,
-            availabilityrestrictions) values (?, ?, ?, ?, ?, 1, ?))");
-        auto entry = db->query(R"(insert into evententries (ent_idx, eid, en, player, p1name, partner, sd, reserve,
-            seeding) values (?, ?, ?, ?, ?, ?, ?, 0, ?))");
-        int pid = 0, ent = 0;
-        auto add_player = [&](const std::string& first, const std::string& second, const char* sex,
-                              const std::string& restrictions) {
-            player.bind_all(++pid, first + " " + second, first, second, sex, restrictions);
-            player.step();
-            player.reset();
-            return first + " " + second;
-        };
-        const char* firsts[] = { "adam", "bert", "carl", "dirk", "emil", "finn", "gus", "hans" };
-        for (int i = 0; i < 8; ++i) {
-            const auto name = add_player(firsts[i], "mann", "male", i == 2 ? "not before 10:00" : "");
-            entry.bind_all(++ent, 1, "mens singles", name, "", "", "singles", i < 2 ? i + 1 : 0);
-            entry.step();
-            entry.reset();
-        }
-        for (int i = 0; i < 4; ++i) {
-            const auto first = add_player(std::string("ida") + char('a' + i), "duo", "female", "");
-            const auto second = add_player(std::string("jon") + char('a' + i), "duo", "male", i == 1 ? "away" : "");
-            entry.bind_all(++ent, 2, "mixed doubles", first + "/" + second, first, second, "doubles", 0);
-            entry.step();
-            entry.reset();
-        }
-    }
-
-    void draw_all()
-    {
-        OpenDraw open;
-        SeededDrawRandom random(20260302);
-        DrawSaveHooks save_hooks;
-        DrawHooks hooks;
-        hooks.set_scoreboxes = [](OpenDraw& draw, bool highlight) { set_scoreboxes(draw, highlight); };
-        AllDrawsSteps steps;
-        steps.close_draw
-            = [&](OpenDraw& draw) { return leave_draw(session, draw, LeaveReason::closingdraws, save_hooks); };
-        steps.load_draw = [&](OpenDraw& draw, std::int64_t eid) { BF_load_draw(session, draw, eid, save_hooks); };
-        steps.save_draw_doing_all_draws = [&](OpenDraw& draw) {
-            save_draw(session, draw, save_hooks, SaveRefresh::doing_all_draws);
-            return true;
-        };
-        steps.close_draw_special = [](OpenDraw& draw) {
-            draw.clear_tree();
-            draw.draw.on_screen = false;
-            draw.draw.new_draw = false;
-            draw.draw.changes_waiting = false;
-        };
-        do_all_draws(session, open, random, hooks, steps);
-        ASSERT_EQ(db->scalar_integer("select count(*) from schedule where rname <> 'winner'"), 10);
-    }
-
-    void make_days(int days, int courts)
-    {
-        DaysCourtsEditor editor(session);
-        editor.init();
-        editor.set_days({ 2026, 3, 2 }, { 2026, 3, 1 + days });
-        ASSERT_TRUE(editor.generate(std::to_string(courts), editor.days()));
-        editor.save();
-    }
+    void add_people() { add_drawn_tournament_people(*db); }
+    void draw_all() { draw_every_event(session); }
+    void make_days(int days, int courts) { make_tournament_days(session, days, courts); }
 
     // The sids of the event's first-round matches, top to bottom.
     std::vector<std::int64_t> first_round(std::int64_t eid)

@@ -56,6 +56,7 @@ TEST_F(BoardTimesTest, SetGrabAndClearTimes)
     const auto grabbed = grab_match_time(*board);
     ASSERT_TRUE(grabbed);
     EXPECT_EQ(grabbed->nbat, "nb ");
+    EXPECT_EQ(grabbed->minute, "45");
     EXPECT_EQ(grabbed->hour, "09");
     EXPECT_EQ(grabbed->minute, "45");
 

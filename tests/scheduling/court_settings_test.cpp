@@ -27,9 +27,13 @@ TEST_F(CourtSettingsTest, ChoosersAndTheirReading)
     EXPECT_EQ(read.minute, "30");
     EXPECT_TRUE(parse_starttime("").all_empty());
     // A value the choosers do not offer leaves its chooser alone.
-    EXPECT_EQ(grab_time("at ", "25:70").hour, "");
-    EXPECT_EQ(grab_time("xx", "10:05").nbat, "");
+    EXPECT_EQ(grab_time("at ", "25:70").hour, std::nullopt);
+    EXPECT_EQ(grab_time("at ", "25:70").nbat, "at ");
+    EXPECT_EQ(grab_time("xx", "10:05").nbat, std::nullopt);
     EXPECT_EQ(grab_time("xx", "10:05").minute, "05");
+    // No time: the empty entries are chosen.
+    EXPECT_EQ(grab_time("", "").hour, "");
+    EXPECT_EQ(grab_time("", "").nbat, "");
     EXPECT_EQ((TimeChoice { "at ", "10", "30" }).value(), "at 10:30");
     EXPECT_EQ((TimeChoice {}).value(), "");
 }
