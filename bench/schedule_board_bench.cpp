@@ -202,4 +202,18 @@ void BM_LiveMatchNumbersOneDay(benchmark::State& state)
 }
 BENCHMARK(BM_LiveMatchNumbersOneDay)->Unit(benchmark::kMillisecond);
 
+// The worst case: every match of the day in a new order, so that every row is written again.
+void BM_LiveMatchNumbersOneDayAfresh(benchmark::State& state)
+{
+    auto& busy = tournament();
+    auto& db = busy.session->tournament();
+    for (auto _ : state) {
+        state.PauseTiming();
+        db.run("update schedule set matchnumber = 100000 - matchnumber where scheduledate=?", day_key(3));
+        state.ResumeTiming();
+        qv::LIVE_MATCH_NUMBERS_DO(db, day_key(3));
+    }
+}
+BENCHMARK(BM_LiveMatchNumbersOneDayAfresh)->Unit(benchmark::kMillisecond);
+
 } // namespace

@@ -76,10 +76,11 @@ bool to_court(ScheduleBoard& board, BoardListId source)
         if (patch_court)
             court.append({ line.sid, translate_sstring_to_l4s(line.text, target->scheduledate), line.seeded });
     });
-    transaction.commit();
     if (moved.empty())
         return false;
+    // The moves and the renumbering are one unit of work.
     LIVE_MATCH_NUMBERS_DO(db, target->scheduledate);
+    transaction.commit();
     board.reload_unheld();
     board.mark_stale_if_drawn(moved, range);
     return true;
@@ -109,10 +110,10 @@ bool from_court(ScheduleBoard& board, std::int64_t cid, CbNumber number)
         if (target.on_hold())
             target.append({ line.sid, translate_l4s_to_sstring(line.text), line.seeded });
     });
-    transaction.commit();
     if (moved.empty())
         return false;
     LIVE_MATCH_NUMBERS_DO(db, day);
+    transaction.commit();
     board.reload_unheld();
     board.mark_stale_if_drawn(moved, range);
     return true;
@@ -253,10 +254,11 @@ bool NET_move_all_cb_to_list4(ScheduleBoard& board)
             board.patch_in(BoardListId::court, row);
         }
     }
-    transaction.commit();
     if (moved.empty())
         return false;
+    // The moves and the renumbering are one unit of work.
     LIVE_MATCH_NUMBERS_DO(db, target->scheduledate);
+    transaction.commit();
     board.reload_unheld();
     board.mark_stale_if_drawn(moved, range);
     return true;
@@ -328,13 +330,13 @@ bool WEB_move_from_list4_to(ScheduleBoard& board, const std::string& day, std::o
         update.step();
         update.reset();
     });
-    transaction.commit();
     if (moved.empty())
         return false;
     LIVE_MATCH_NUMBERS_DO(db, day_in_hand);
     // The day the matches went to is numbered as well, so its courts show them in order at once.
     if (day != day_in_hand)
         LIVE_MATCH_NUMBERS_DO(db, day);
+    transaction.commit();
     board.reload_unheld(false, true);
     board.mark_stale_if_drawn(moved, range);
     return true;

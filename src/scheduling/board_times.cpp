@@ -162,8 +162,8 @@ bool BF_order_court_by_time(ScheduleBoard& board)
         write.step();
         write.reset();
     }
-    transaction.commit();
     LIVE_MATCH_NUMBERS_DO(db, place.scheduledate);
+    transaction.commit();
     // The order is new: the list is read again even on hold.
     board.refresh_list4();
     board.mark_stale_if_drawn(sids, range);

@@ -96,15 +96,16 @@ std::string state_marks(const StateCounts& counts)
 void LIVE_MATCH_NUMBERS_DO(Database& tournament, std::string_view day)
 {
     Transaction transaction(tournament);
+    // The effect is that of resetting every live number of the day (of every day) to 0 and then numbering the
+    // walk; the rows outside the walk are reset and a walked row is written only when its numbers change, so a
+    // court renumbered after one move writes little.
     if (day.empty())
-        tournament.run("update schedule set matchnumber_live=0");
-    else
-        tournament.run("update schedule set matchnumber_live=0  where scheduledate=?", day);
+        tournament.run("update schedule set matchnumber_live=0 where day_idx=0 and matchnumber_live<>0");
     auto rows = day.empty()
-        ? tournament.query(
-            "select sid, day_idx, cid, match_state from schedule where day_idx <>0 order by day_idx,cid,matchnumber")
-        : tournament.query(
-            "select sid, day_idx, cid, match_state from schedule where scheduledate=? order by day_idx,cid,matchnumber",
+        ? tournament.query("select sid, day_idx, cid, match_state, matchnumber, matchnumber_live from schedule "
+                           "where day_idx <>0 order by day_idx,cid,matchnumber")
+        : tournament.query("select sid, day_idx, cid, match_state, matchnumber, matchnumber_live from schedule "
+                           "where scheduledate=? order by day_idx,cid,matchnumber",
             day);
     auto write = tournament.query("update schedule set matchnumber_live=?, matchnumber=? where sid=?");
     std::int64_t live = 1, position = 1;
@@ -120,8 +121,11 @@ void LIVE_MATCH_NUMBERS_DO(Database& tournament, std::string_view day)
             last_cid = cid;
             first = false;
         }
-        const auto state = rows.text(3);
-        write.bind_all(is_live(state) ? live++ : std::int64_t { 0 }, position++, rows.integer(0));
+        const auto live_number = is_live(rows.text(3)) ? live++ : std::int64_t { 0 };
+        const auto number = position++;
+        if (live_number == rows.integer(5) && number == rows.integer(4))
+            continue;
+        write.bind_all(live_number, number, rows.integer(0));
         write.step();
         write.reset();
     }

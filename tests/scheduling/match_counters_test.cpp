@@ -1,6 +1,7 @@
 #include "scheduling/board_fixture.h"
 #include "scheduling/board_moves.h"
 #include "scheduling/match_counters.h"
+#include "scheduling/result_places.h"
 
 namespace qv {
 namespace {
@@ -137,6 +138,40 @@ TEST_F(MatchCountersTest, TheDrawEngineRenumbersAfterASave)
     EXPECT_EQ(court_counts(day1, 4), "?¿/0101");
     EXPECT_EQ(board->courts()[6].text, "court 4 ?¿");
     EXPECT_NE(board->list(BoardListId::court).line(0).text.find('*'), std::string::npos);
+}
+
+TEST_F(MatchCountersTest, AResultUnderSaveAsUGoNamesTheMatchesItTouches)
+{
+    place({ singles[0] }, day1, 2);
+    OpenDraw open;
+    BF_load_draw(session, open, 1);
+    ASSERT_TRUE(open.draw.on_screen);
+    // A winner sent on from slot 1: its own match and the semi-final it enters.
+    const auto sids = changed_matches(open, 1, 1);
+    ASSERT_EQ(sids.size(), 2u);
+    EXPECT_EQ(sids[0], singles[0]);
+    EXPECT_EQ(column(sids[1], "rname"), "semis");
+    // A name taken back at level 2 touches the match that fed it as well.
+    EXPECT_EQ(changed_matches(open, 2, 1).size(), 3u);
+    EXPECT_EQ(match_places(*db, sids), (std::vector<DayCourt> { { day1, 2 }, { "", 0 } }));
+    EXPECT_EQ(event_sids(*db, 2).size(), 4u);
+}
+
+TEST_F(MatchCountersTest, HeldLinesOfAnEventAreReadAgainAfterItsSave)
+{
+    place({ singles[0], doubles[0] }, day2, 1);
+    show(day2, 1);
+    ASSERT_TRUE(board->set_hold(BoardListId::court, true));
+    const auto before = board->list(BoardListId::court).line(1).text;
+    top_wins(singles[0]);
+    top_wins(doubles[0]);
+    board->refresh_event(1);
+    // The singles line shows its winner; the doubles line waits for its own event.
+    EXPECT_NE(board->list(BoardListId::court).line(0).text.find('*'), std::string::npos);
+    EXPECT_EQ(board->list(BoardListId::court).line(1).text, before);
+    EXPECT_TRUE(board->update_line(BoardListId::court, doubles[0]));
+    EXPECT_NE(board->list(BoardListId::court).line(1).text.find("64 64"), std::string::npos);
+    EXPECT_FALSE(board->update_line(BoardListId::unscheduled, doubles[0]));
 }
 
 } // namespace
