@@ -287,7 +287,9 @@ void ScheduleBoardArea::clear()
 {
     close_setdatescourts();
     m_board->clear();
+    m_event_filter->blockSignals(true);
     m_event_filter->clear();
+    m_event_filter->blockSignals(false);
     m_status->clear();
     sync();
 }

@@ -74,6 +74,8 @@ public:
     void set_active_list(BoardListId which) { m_active = which; }
 
 public slots:
+    // "show in schedule" of the other windows: the board to the front with the match in view (findmatch).
+    bool show_match(qint64 sid);
     void show_upper(BoardListId which);
     void choose_day_row(int row);
     void choose_court_row(int row);

@@ -124,6 +124,22 @@ void ScheduleBoardArea::connect_panel(BoardListId which)
     });
 }
 
+bool ScheduleBoardArea::show_match(qint64 sid)
+{
+    if (!m_session.has_tournament())
+        return false;
+    m_session.ishow(Area::schedule);
+    const bool found = findmatch(*m_board, sid);
+    if (found) {
+        show_upper(m_board->upper());
+        m_active
+            = m_board->shown() && m_board->list(BoardListId::court).find(sid) ? BoardListId::court : m_board->upper();
+    }
+    fill_event_filter();
+    sync();
+    return found;
+}
+
 void ScheduleBoardArea::choose_day_row(int row)
 {
     if (m_filling || row < 0 || row >= static_cast<int>(m_board->days().size()))

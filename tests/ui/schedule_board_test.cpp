@@ -81,6 +81,8 @@ protected:
         auto* ops = window.tournament_area()->operations(OperationList::tournament);
         const auto found = ops->findItems(QStringLiteral("set dates/courts"), Qt::MatchExactly);
         ASSERT_EQ(found.size(), 1);
+        // It stands before "clear data", as the tournament's list has it.
+        EXPECT_EQ(ops->item(ops->row(found.front()) + 1)->text(), QStringLiteral("clear data"));
         emit ops->itemClicked(found.front());
         SetDatesCourtsWindow* dates = nullptr;
         for (auto* widget : QApplication::topLevelWidgets())
@@ -171,6 +173,14 @@ TEST_F(ScheduleBoardWindowTest, ADirectorPlacesTimesAndFreesMatches)
     const auto shot = area().grab();
     EXPECT_TRUE(shot.save(QStringLiteral(QV_SCREENSHOT_DIR "/schedule_board.png")));
 
+    // "show in schedule" from elsewhere: the board finds the match on its court.
+    const auto placed = view(BoardListId::court)->item(0)->data(Qt::UserRole).toLongLong();
+    area().day_list()->setCurrentRow(2);
+    EXPECT_TRUE(area().show_match(placed));
+    EXPECT_EQ(area().day_list()->currentRow(), 0);
+    EXPECT_TRUE(view(BoardListId::court)->item(0)->isSelected());
+    EXPECT_EQ(area().active_list(), BoardListId::court);
+
     // Free the court from the menu: no question, the matches are unscheduled again.
     area().menu_action(QStringLiteral("free court"))->trigger();
     EXPECT_EQ(view(BoardListId::court)->count(), 0);
@@ -258,6 +268,10 @@ TEST_F(ScheduleBoardWindowTest, CourtWindowsAndDateChoosers)
     EXPECT_EQ(dates.day(1)->currentText(), QStringLiteral("28"));
     // Opened on saved days, the choosers show the first and the last.
     EXPECT_EQ(dates.day(2)->currentText(), QStringLiteral("02"));
+    dates.days()->setCurrentRow(0);
+    dates.show();
+    EXPECT_TRUE(dates.grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/setdatescourts.png")));
+    EXPECT_TRUE(start.grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/setcourt_nm_st.png")));
     dates.number()->setText(QStringLiteral("0"));
     dates.days()->selectAll();
     EXPECT_FALSE(dates.generate());
