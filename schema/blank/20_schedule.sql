@@ -93,7 +93,10 @@ create table schedule (
     ip3 text not null default '' collate nocase,
     ip4 text not null default '' collate nocase,
     ipoints1 text not null default '' collate nocase,
-    ipoints2 text not null default '' collate nocase
+    ipoints2 text not null default '' collate nocase,
+
+    -- Cleared when the board renumbers a court after a result.
+    todo integer not null default 0
 );
 create index schedule_sid on schedule (sid);
 create index schedule_eid on schedule (eid);

@@ -8,7 +8,7 @@
 namespace qv {
 
 // The families of lists that operations ask the windows to read again.
-enum class Lists { players, events, entries, folders, draw };
+enum class Lists { players, events, entries, folders, draw, schedule };
 
 // The windows' side of the session: the work areas, the pointer, the deferred timer and the end of the process.
 // The main window implements it; tests record what the session asked of it.

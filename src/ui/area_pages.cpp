@@ -1,16 +1,17 @@
 #include "ui/area_page.h"
 #include "ui/payments_area.h"
+#include "ui/schedule_board.h"
 
 namespace qv {
 
 // One case per area whose window stands; an area without one shows its title.
 AreaPage* make_area_page(Area area, Session& session, MainWindow& main, QWidget* parent)
 {
-    (void)main;
     switch (area) {
     case Area::payments:
         return new PaymentsArea(session, parent);
     case Area::schedule:
+        return new ScheduleBoardArea(session, main, parent);
     case Area::assistant_new:
     case Area::idocuments:
     case Area::config_admin:

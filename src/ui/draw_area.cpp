@@ -5,6 +5,7 @@
 #include "drawengine/rr_saving.h"
 #include "drawengine/rr_scoring.h"
 #include "entries/filters.h"
+#include "scheduling/result_places.h"
 #include "ui/drawconfig_window.h"
 #include "ui/events_filter_window.h"
 #include "ui/id_lists.h"
@@ -315,7 +316,12 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     , m_hint(new QLabel(this))
     , m_view(new DrawView(this))
     , m_rr_view(new RrDrawView(
-          session, m_open.draw, m_rr, [this] { show_state(); }, this))
+          session, m_open.draw, m_rr,
+          [this] {
+              show_state();
+              results_changed(event_sids(m_session.tournament(), m_open.draw.curr_eid));
+          },
+          this))
     , m_save_as_u_go(new QCheckBox(QStringLiteral("save as u go"), this))
     , m_save_no_prompt(new QCheckBox(QStringLiteral("save no prompt"), this))
     , m_save(nullptr)
@@ -673,6 +679,8 @@ void DrawArea::click_slot(int level, int position, int button)
     const auto result = master_click(m_session, m_open, level, position, button);
     if (result.outcome == ClickOutcome::first_round_menu)
         emit firstRoundMenuRequested(position);
+    else
+        results_changed(changed_matches(m_open, level, position));
     show_draw();
 }
 
@@ -682,7 +690,16 @@ void DrawArea::set_score(int level, int position, const QString& text)
         return;
     m_open.slot(level, position).score.matchscore = to_std(text);
     KO_imm_save(m_session, m_open, level - 1, 2 * position - 1);
+    results_changed(changed_matches(m_open, level - 1, 2 * position - 1));
     show_draw();
+}
+
+void DrawArea::results_changed(const std::vector<std::int64_t>& sids)
+{
+    if (m_session.settings().integer("draw.isaveasugo") != 1 || !m_hooks.board.renumber || sids.empty())
+        return;
+    if (const auto places = match_places(m_session.tournament(), sids); !places.empty())
+        m_hooks.board.renumber(places);
 }
 
 void DrawArea::recount_changes()

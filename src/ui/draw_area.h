@@ -146,6 +146,8 @@ public:
     // The open "rr" draw: its players, match lines and standings.
     OpenRoundRobin& round_robin() { return m_rr; }
     const DrawSaveHooks& save_hooks() const { return m_hooks; }
+    // The schedule board's side of a save: renumbering and refreshing its lists.
+    void set_board_hooks(ScheduleBoardHooks hooks) { m_hooks.board = std::move(hooks); }
     // Tests hand in a seeded source so that a draw comes out the same each time.
     void set_random(std::unique_ptr<DrawRandom> random) { m_random = std::move(random); }
 
@@ -199,6 +201,8 @@ private:
     void recount_changes();
     void show_draw();
     void show_state();
+    // Under save as u go a result is live at once: the board renumbers the days and courts of these matches.
+    void results_changed(const std::vector<std::int64_t>& sids);
     void setting_toggled(QCheckBox* box, const char* key, bool on);
     void load_settings();
     DrawHooks draw_hooks();

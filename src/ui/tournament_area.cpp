@@ -158,6 +158,8 @@ QString TournamentArea::player_event_count() const
 
 void TournamentArea::init()
 {
+    for (const auto& worded : m_worded)
+        worded.item->setText(worded.caption());
     if (!m_session.has_tournament()) {
         clear();
         return;
@@ -253,6 +255,16 @@ void TournamentArea::add_operation(OperationList which, const QString& caption, 
     m_actions[list][caption] = std::move(action);
 }
 
+void TournamentArea::add_worded_operation(
+    OperationList which, std::function<QString()> caption, std::function<void()> action, const QString& before)
+{
+    auto* list = operations(which);
+    const auto found = list->findItems(before, Qt::MatchExactly);
+    auto* item = new QListWidgetItem(caption());
+    list->insertItem(found.isEmpty() ? list->count() : list->row(found.front()), item);
+    m_worded.push_back({ item, std::move(caption), std::move(action) });
+}
+
 qlonglong TournamentArea::selected_event() const
 {
     return m_events->currentItem() ? m_events->currentItem()->data(id_role).toLongLong() : 0;
@@ -267,6 +279,11 @@ void TournamentArea::run_operation(QListWidgetItem* item)
 {
     if (!item || !m_session.has_tournament())
         return;
+    for (const auto& worded : m_worded)
+        if (worded.item == item) {
+            worded.action();
+            return;
+        }
     const auto& actions = m_actions[item->listWidget()];
     if (auto found = actions.find(item->text()); found != actions.end())
         found->second();

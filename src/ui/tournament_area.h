@@ -43,6 +43,10 @@ public:
     QListWidget* operations(OperationList which) const;
     // Adds a line to a list of operations; a click on it runs the action.
     void add_operation(OperationList which, const QString& caption, std::function<void()> action);
+    // An operation whose caption is built from the sports words: it stands before the line `before` and takes its
+    // caption afresh at each init, when the words may have changed.
+    void add_worded_operation(
+        OperationList which, std::function<QString()> caption, std::function<void()> action, const QString& before);
     // The selected event's id, 0 when none is selected; the selected player's name, empty when none.
     qlonglong selected_event() const;
     QString selected_player() const;
@@ -87,6 +91,13 @@ private:
     QListWidget* m_players_ops;
     QListWidget* m_event_ops;
     std::map<QListWidget*, std::map<QString, std::function<void()>>> m_actions;
+    struct WordedOperation
+    {
+        QListWidgetItem* item;
+        std::function<QString()> caption;
+        std::function<void()> action;
+    };
+    std::vector<WordedOperation> m_worded;
 };
 
 } // namespace qv

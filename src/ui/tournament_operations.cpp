@@ -9,6 +9,7 @@
 #include "ui/players_windows.h"
 #include "ui/qt_text.h"
 #include "ui/seeding_patterns_window.h"
+#include "ui/setdatescourts_window.h"
 #include "ui/tournament_area.h"
 #include "ui/tournament_config_window.h"
 
@@ -132,6 +133,10 @@ void register_tournament(TournamentArea& area, Session& session)
         if (session.has_tournament())
             show_window(new TournamentConfigWindow(session, parent));
     });
+    area.add_worded_operation(
+        OperationList::tournament,
+        [&session] { return qs("set dates/" + session.settings().text("app.generic_courts")); },
+        [&session, parent] { open_setdatescourts(session, parent); }, QStringLiteral("clear data"));
     keep_tournament_order(area.operations(OperationList::tournament));
 }
 
