@@ -1,5 +1,6 @@
 #include "ui/area_page.h"
 #include "ui/payments_area.h"
+#include "ui/prints_area.h"
 
 namespace qv {
 
@@ -10,11 +11,12 @@ AreaPage* make_area_page(Area area, Session& session, MainWindow& main, QWidget*
     switch (area) {
     case Area::payments:
         return new PaymentsArea(session, parent);
+    case Area::prints:
+        return new PrintsArea(session, parent);
     case Area::schedule:
     case Area::assistant_new:
     case Area::idocuments:
     case Area::config_admin:
-    case Area::prints:
     case Area::mainform:
     case Area::draw:
         break;

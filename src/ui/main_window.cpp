@@ -9,7 +9,9 @@
 #include "ui/drawconfig_window.h"
 #include "ui/events_windows.h"
 #include "ui/links_window.h"
+#include "ui/load_draw_gif_window.h"
 #include "ui/players_windows.h"
+#include "ui/print_setup_window.h"
 #include "ui/qt_text.h"
 #include "ui/qt_user_talk.h"
 #include "ui/tournament_area.h"
@@ -182,8 +184,12 @@ void MainWindow::build_menus()
     tournament->addSeparator();
     tournament->addAction(QStringLiteral("exit"), this, [this] { m_session->exit_app(); });
 
-    // The two register windows that add one at a time, for a director typing in entries by hand.
     auto* tools = menuBar()->addMenu(QStringLiteral("tools"));
+    tools->addAction(QStringLiteral("load draw gif"), this, [this] {
+        if (m_session->booted())
+            (new LoadDrawGifWindow(*m_session, this))->show();
+    });
+    // The two register windows that add one at a time, for a director typing in entries by hand.
     tools->addAction(QStringLiteral("add new player"), this, [this] {
         if (m_session->has_tournament())
             open_add_player(*m_session, this);
@@ -194,6 +200,10 @@ void MainWindow::build_menus()
     });
 
     auto* options = menuBar()->addMenu(QStringLiteral("options"));
+    options->addAction(QStringLiteral("print config"), this, [this] {
+        if (m_session->booted())
+            (new PrintSetupWindow(*m_session, this))->show();
+    });
     options->addAction(QStringLiteral("control panel"), this, &MainWindow::open_control_panel);
     options->addAction(QStringLiteral("links"), this, &MainWindow::open_links);
 
