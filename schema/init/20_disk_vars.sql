@@ -175,9 +175,9 @@ insert into disk_vars(nm,value,note) values ('draw.ihilightscorebox','1','');
 insert into disk_vars(nm,value,note) values ('draw.iautosavechanges','0','');
 insert into disk_vars(nm,value,note) values ('draw.isaveasugo','0','');
 
--- Print and save.
+-- Print and save: split128, country, times.
 insert into disk_vars(nm,value,note) values ('psd.check1','0','');
-insert into disk_vars(nm,value,note) values ('psd.check2','0','');
+insert into disk_vars(nm,value,note) values ('psd.check2','1',''); -- country column on, as in the draw window
 insert into disk_vars(nm,value,note) values ('psd.check3','0','');
 
 -- Application: the sports words of tennis.

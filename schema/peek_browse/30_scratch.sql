@@ -6,6 +6,8 @@ create table alist9_nm_sx (
     sx text not null default '' collate nocase,
     flag integer not null default 0
 );
+-- The standings of a round robin whose picture is drawn from the results file on view.
+create table alist10_rr (nm text not null default '' collate nocase, points real not null default 0);
 -- Text shown in the analysis windows' text box, line by line.
 create table qv4_text_box_file_text (
     id text not null default '' collate nocase,

@@ -1,10 +1,14 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+// The printer a print goes to; its header stays out of here, since Qt's keywords would clash with plain names.
+class QPagedPaintDevice;
 
 namespace qv {
 
@@ -35,6 +39,14 @@ public:
     virtual void show_text(const std::filesystem::path& file, std::string_view title) = 0;
     virtual void progress(std::string_view label) = 0;
     virtual void beep() = 0;
+
+    // The printer for a document: the system print dialog, where the user may also choose to print into a PDF
+    // file. None when the user cancelled; a talk that offers no printers gives none.
+    virtual std::shared_ptr<QPagedPaintDevice> choose_printer(std::string_view title)
+    {
+        (void)title;
+        return nullptr;
+    }
 
     // One file or none; the many-file dialog answers through choose_files.
     std::optional<std::filesystem::path> choose_file(const FileRequest& request)

@@ -1,5 +1,6 @@
 #include "ui/area_page.h"
 #include "ui/payments_area.h"
+#include "ui/prints_area.h"
 #include "ui/schedule_board.h"
 
 namespace qv {
@@ -10,12 +11,13 @@ AreaPage* make_area_page(Area area, Session& session, MainWindow& main, QWidget*
     switch (area) {
     case Area::payments:
         return new PaymentsArea(session, parent);
+    case Area::prints:
+        return new PrintsArea(session, parent);
     case Area::schedule:
         return new ScheduleBoardArea(session, main, parent);
     case Area::assistant_new:
     case Area::idocuments:
     case Area::config_admin:
-    case Area::prints:
     case Area::mainform:
     case Area::draw:
         break;

@@ -11,7 +11,9 @@
 #include "ui/drawconfig_window.h"
 #include "ui/events_windows.h"
 #include "ui/links_window.h"
+#include "ui/load_draw_gif_window.h"
 #include "ui/players_windows.h"
+#include "ui/print_setup_window.h"
 #include "ui/qt_text.h"
 #include "ui/qt_user_talk.h"
 #include "ui/start_page.h"
@@ -272,12 +274,12 @@ void MainWindow::build_menus()
         { QStringLiteral("e&xit"), [this] { m_session->exit_app(); }, false, QKeySequence(QStringLiteral("Ctrl+Q")) },
     };
     const CommandTable tools {
-        { QStringLiteral("load draw &gif"), {} },
+        { QStringLiteral("load draw &gif"), [this] { show_over_parent(new LoadDrawGifWindow(*m_session, this)); } },
         { QStringLiteral("&one result (qv4) file"), {} },
         { QStringLiteral("&multiple results (qv4) files"), {} },
     };
     const CommandTable options {
-        { QStringLiteral("&print config"), {} },
+        { QStringLiteral("&print config"), [this] { show_over_parent(new PrintSetupWindow(*m_session, this)); } },
         { QStringLiteral("&control panel"), [this] { open_control_panel(); } },
     };
     const CommandTable info {

@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QStatusBar>
 
 namespace qv {
@@ -115,6 +117,17 @@ void QtUserTalk::progress(std::string_view label)
 void QtUserTalk::beep()
 {
     QApplication::beep();
+}
+
+std::shared_ptr<QPagedPaintDevice> QtUserTalk::choose_printer(std::string_view title)
+{
+    auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(qs(title));
+    QPrintDialog dialog(printer.get(), m_parent);
+    dialog.setWindowTitle(qs(title));
+    if (dialog.exec() != QDialog::Accepted)
+        return nullptr;
+    return printer;
 }
 
 } // namespace qv

@@ -25,6 +25,7 @@ public:
     void show_text(const std::filesystem::path& file, std::string_view title) override;
     void progress(std::string_view label) override;
     void beep() override;
+    std::shared_ptr<QPagedPaintDevice> choose_printer(std::string_view title) override;
 
 private:
     QPointer<QWidget> m_parent;

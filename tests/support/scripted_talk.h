@@ -15,13 +15,15 @@ class ScriptedTalk : public UserTalk
 public:
     struct Said
     {
-        std::string kind; // "message", "ask", "file", "text", "progress", "beep"
+        std::string kind; // "message", "ask", "file", "text", "progress", "beep", "printer"
         std::string text;
         std::string title;
     };
 
     std::deque<Answer> answers;
     std::deque<std::vector<std::filesystem::path>> files;
+    // Each print goes into the next of these PDF files; with none left the user cancels the print dialog.
+    std::deque<std::filesystem::path> pdf_printers;
     std::vector<Said> said;
     // Runs while a question is open, before it is answered: what the screen shows meanwhile.
     std::function<void()> while_asking;
@@ -56,6 +58,7 @@ public:
     }
     void progress(std::string_view label) override { said.push_back({ "progress", std::string(label), {} }); }
     void beep() override { said.push_back({ "beep", {}, {} }); }
+    std::shared_ptr<QPagedPaintDevice> choose_printer(std::string_view title) override;
 
     std::vector<std::string> messages() const
     {
