@@ -53,7 +53,6 @@ void save_draws(qv::Session& session)
             slot.seed = k <= 16 ? std::to_string(k) : "";
             slot.country = k % 3 ? "NED" : "BEL";
         }
-        qv::add_draw_stub(db, open);
         qv::KO_savecontrols(db, open);
         db.run("update events set drawdone=true, drawsize=? where eid=?", drawsize, eid);
         qv::progressdraw(session, eid, 1);

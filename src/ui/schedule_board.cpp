@@ -273,9 +273,7 @@ void ScheduleBoardArea::init()
     for (auto& panel : m_panels) {
         panel.chooser->clear();
         for (const auto& entry : list_chooser_entries(m_session))
-            // Printing comes with the print configurations; until then the chooser offers what stands.
-            if (entry != "print(l)" && entry != "print(p)")
-                panel.chooser->addItem(qs(entry));
+            panel.chooser->addItem(qs(entry));
     }
     fill_event_filter();
     show_upper(BoardListId::unscheduled);

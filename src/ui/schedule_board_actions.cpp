@@ -1,5 +1,6 @@
 #include "core/match_record.h"
 #include "core/session.h"
+#include "documents/printroutines.h"
 #include "scheduling/board_files.h"
 #include "scheduling/board_find.h"
 #include "scheduling/board_frees.h"
@@ -334,6 +335,9 @@ void ScheduleBoardArea::list_chooser(BoardListId which, const QString& entry)
         screenscrape_list(*m_board, which);
     else if (entry == QStringLiteral("save to file"))
         save_list_to_file(*m_board, which);
+    else if (entry == QStringLiteral("print(l)") || entry == QStringLiteral("print(p)"))
+        print_lines(m_session, board_list_text(*m_board, which), entry == QStringLiteral("print(l)") ? "l" : "p",
+            std::filesystem::path(board_list_file_name(*m_board, which)).stem().string());
 }
 
 void ScheduleBoardArea::status_of(BoardListId which, qint64 sid)

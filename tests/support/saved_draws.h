@@ -54,8 +54,7 @@ inline void save_ko_draw(
         slot.country = bye ? "" : (k % 2 ? "NZL" : "AUS");
         slot.sex = "m";
     }
-    add_draw_stub(db, open);
-    KO_savecontrols(db, open);
+    KO_savecontrols(db, open); // a new draw: its rows laid down with their values
     db.run("update events set drawdone=true, drawsize=? where eid=?", drawsize, eid);
     for (int rid = 1; rid <= played; ++rid)
         progressdraw(session, eid, rid);

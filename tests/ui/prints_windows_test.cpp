@@ -26,6 +26,7 @@ namespace qv {
 namespace {
 
 namespace fs = std::filesystem;
+using test::line_of;
 
 QStringList lines_of(const QListWidget* list)
 {
@@ -66,16 +67,6 @@ protected:
         test::save_rr_draw(session, 2, "group a", 5, 2, 6);
         test::save_ko_draw(session, 3, "open 128", 128, 128, 1);
         talk.clear();
-    }
-
-    QAction* menu_entry(const char* menu, const char* entry)
-    {
-        for (auto* top : window.menuBar()->actions())
-            if (top->text() == QLatin1String(menu) && top->menu())
-                for (auto* action : top->menu()->actions())
-                    if (action->text() == QLatin1String(entry))
-                        return action;
-        return nullptr;
     }
 
     PrintsArea* prints_area()
@@ -124,7 +115,7 @@ TEST_F(PrintsWindowsTest, PrintsAreaListsTheDrawsAndSavesImages)
 
 TEST_F(PrintsWindowsTest, PrintConfigurationWindow)
 {
-    auto* entry = menu_entry("options", "print config");
+    auto* entry = line_of(window, "options", "print config");
     ASSERT_NE(entry, nullptr);
     entry->trigger();
     auto* setup = window.findChild<PrintSetupWindow*>();
@@ -185,7 +176,7 @@ TEST_F(PrintsWindowsTest, LoadDrawGifPrintsByTheNamedKind)
     PictureOptions options;
     const auto saved = save_draw_pictures(makepic1(window.session(), DrawStore::tournament, 2, options), dir.path());
     ASSERT_TRUE(saved.ok());
-    auto* entry = menu_entry("tools", "load draw gif");
+    auto* entry = line_of(window, "tools", "load draw gif");
     ASSERT_NE(entry, nullptr);
     entry->trigger();
     auto* viewer = window.findChild<LoadDrawGifWindow*>();

@@ -231,6 +231,18 @@ TEST_F(ScheduleBoardWindowTest, RefusalsMenusAndHold)
     const bool key_shown = window.session().settings().integer("schedule.key") == 1;
     area().menu_action(QStringLiteral("key"))->trigger();
     EXPECT_EQ(window.session().settings().integer("schedule.key") == 1, !key_shown);
+
+    // "print(p)" prints the list as it shows; a cancelled print dialog prints nothing.
+    const auto pdf = dir.path() / "unscheduled.pdf";
+    talk.pdf_printers.push_back(pdf);
+    auto* chooser = area().panel(BoardListId::unscheduled).chooser;
+    const auto choose
+        = [chooser](const char* entry) { emit chooser->activated(chooser->findText(QString::fromLatin1(entry))); };
+    choose("print(p)");
+    EXPECT_GT(std::filesystem::file_size(pdf), 0u);
+    EXPECT_EQ(chooser->currentIndex(), 0);
+    choose("print(l)");
+    EXPECT_TRUE(talk.pdf_printers.empty());
 }
 
 TEST_F(ScheduleBoardWindowTest, CourtWindowsAndDateChoosers)

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "ui/command_table.h"
 #include "ui/tournament_area.h"
 
 #include <QCoreApplication>
 #include <QEvent>
 #include <QListWidget>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QWidget>
 
 #include <filesystem>
@@ -24,6 +28,35 @@ template <class Condition> bool run_main_loop_until(Condition done)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     return done();
+}
+
+// The lines of a menu as the user reads them; "-" a separator.
+inline QStringList menu_lines(const QMenu* menu)
+{
+    QStringList lines;
+    for (const auto* action : menu->actions())
+        lines << (action->isSeparator() ? QStringLiteral("-") : plain_caption(action->text()));
+    return lines;
+}
+
+inline QMenu* menu_of(const QMainWindow& window, const QString& title)
+{
+    for (auto* action : window.menuBar()->actions())
+        if (plain_caption(action->text()) == title)
+            return action->menu();
+    return nullptr;
+}
+
+// A menu's line by its caption as the user reads it, or null where the menu does not show it.
+inline QAction* line_of(const QMainWindow& window, const QString& menu, const QString& caption)
+{
+    const auto* found = menu_of(window, menu);
+    if (!found)
+        return nullptr;
+    for (auto* action : found->actions())
+        if (plain_caption(action->text()) == caption)
+            return action;
+    return nullptr;
 }
 
 // The lines of a list, top to bottom.
