@@ -31,7 +31,7 @@ const std::vector<std::string_view>& on_file_save_choices()
 const std::vector<NumberOption>& number_options()
 {
     static const std::vector<NumberOption> numbers {
-        { "ftp timeout (seconds)", "app.ftp_timeout", 5, 0 },
+        { "ftp timeout (seconds)", "app.ftp_timeout", 6, 0 },
         { "print indent spaces", "app.text_left", 0, 50 },
         { "print header lines", "app.text_top", 0, 50 },
         { "admin line space", "app.admin_lines", 0, 10 },

@@ -332,10 +332,9 @@ bool WEB_move_from_list4_to(ScheduleBoard& board, const std::string& day, std::o
     });
     if (moved.empty())
         return false;
+    // Only the day in hand is renumbered: matches sent to another day keep their running numbers until that day
+    // is renumbered in its turn.
     LIVE_MATCH_NUMBERS_DO(db, day_in_hand);
-    // The day the matches went to is numbered as well, so its courts show them in order at once.
-    if (day != day_in_hand)
-        LIVE_MATCH_NUMBERS_DO(db, day);
     transaction.commit();
     board.reload_unheld(false, true);
     board.mark_stale_if_drawn(moved, range);

@@ -1,5 +1,6 @@
 #include "ui/court_windows.h"
 
+#include "core/match_record.h"
 #include "core/session.h"
 #include "scheduling/court_settings.h"
 #include "ui/qt_text.h"
@@ -47,7 +48,7 @@ SetCourtStartWindow::SetCourtStartWindow(Session& session, std::string sdate, st
     m_choosers->set_choice(parse_starttime(starttime));
 
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(new QLabel(qs(m_sdate + "  " + court + " " + std::to_string(m_cid)), this));
+    layout->addWidget(new QLabel(qs(m_sdate + "  " + court + " " + court_list_cid_word(m_cid)), this));
     layout->addWidget(m_choosers);
     layout->addWidget(m_scope);
     auto* buttons = new QHBoxLayout;

@@ -4,6 +4,7 @@
 #include "documents/load_draw_gif.h"
 #include "documents/print_configs.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -26,6 +27,7 @@ LoadDrawGifWindow::LoadDrawGifWindow(Session& session, QWidget* parent)
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("load_draw_gif"));
     setWindowTitle(QStringLiteral("load draw gif"));
+    close_on_escape(this);
 
     auto* open = new QPushButton(QStringLiteral("open gif draw"), this);
     open->setObjectName(QStringLiteral("open gif draw"));
@@ -57,6 +59,10 @@ LoadDrawGifWindow::LoadDrawGifWindow(Session& session, QWidget* parent)
     layout->addLayout(buttons);
     layout->addWidget(m_scroll, 1);
     resize(760, 640);
+
+    // The row reads left to right from "open gif draw"; the cursor starts on the kind of draw.
+    set_tab_chain({ open, m_kinds, m_print, close_button, m_scroll });
+    m_kinds->setFocus();
 
     connect(open, &QPushButton::clicked, this, &LoadDrawGifWindow::open_gif_draw);
     connect(m_print, &QPushButton::clicked, this, &LoadDrawGifWindow::print);

@@ -4,6 +4,7 @@
 #include "documents/load_draw_gif.h"
 #include "documents/print_setup.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -110,6 +111,7 @@ PrintSetupWindow::PrintSetupWindow(Session& session, QWidget* parent)
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("print_setup_new"));
     setWindowTitle(QStringLiteral("print configuration"));
+    close_on_escape(this);
 
     m_kinds->setObjectName(QStringLiteral("drawkind"));
     m_kinds->addItem(QString());
@@ -152,14 +154,15 @@ PrintSetupWindow::PrintSetupWindow(Session& session, QWidget* parent)
     connect(load_gif, &QPushButton::clicked, this, &PrintSetupWindow::load_draw_gif);
     connect(tool_list, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { run_tool(item->text()); });
 
-    setTabOrder(m_kinds, m_configs);
-    setTabOrder(m_configs, m_name);
-    setTabOrder(m_name, m_portrait);
-    setTabOrder(m_portrait, m_landscape);
-    setTabOrder(m_landscape, m_left);
-    setTabOrder(m_left, m_top);
-    setTabOrder(m_top, m_width);
-    setTabOrder(m_width, m_height);
+    // Tab reads the left column, then the configuration, the moves and the operations.
+    std::vector<QWidget*> chain { m_kinds, m_configs, load_gif, tool_list, m_name, m_portrait, m_landscape, m_left,
+        m_top, m_width, m_height, button("apply l,t,w,h") };
+    for (const auto& spec : move_buttons)
+        chain.push_back(button(spec.caption));
+    chain.push_back(m_small_steps);
+    for (const char* caption : { "save", "save as", "delete", "set as default", "close" })
+        chain.push_back(button(caption));
+    set_tab_chain(chain);
     place_picture(clear_settings());
     resize(sizeHint().expandedTo(QSize(900, 620)));
 }

@@ -87,6 +87,7 @@ public slots:
     void grab_time();
     void show_in_draw();
     void player_details();
+    void availability();
     void search();
     void run_menu(const QString& caption);
     void match_counts();

@@ -1,6 +1,7 @@
 #include "core/match_record.h"
 #include "core/session.h"
 #include "documents/printroutines.h"
+#include "scheduling/availability.h"
 #include "scheduling/board_files.h"
 #include "scheduling/board_find.h"
 #include "scheduling/board_frees.h"
@@ -99,6 +100,7 @@ void ScheduleBoardArea::connect_panel(BoardListId which)
     on_click(QStringLiteral("unselect all seeds"), [this] { m_board->list(m_active).select_seeds(false); });
     on_click(QStringLiteral("show in draw"), [this] { show_in_draw(); });
     on_click(QStringLiteral("player details"), [this] { player_details(); });
+    on_click(QStringLiteral("availability restrictions"), [this] { availability(); });
     on_click(QStringLiteral("search"), [this] { search(); });
     on_click(QStringLiteral("match counts"), [this] { match_counts(); });
     on_click(QStringLiteral("load court"), [this] { load_court(); });
@@ -240,6 +242,20 @@ void ScheduleBoardArea::player_details()
         name = to_std(picked->text());
     }
     open_player_details_by_name(m_session, name, window());
+}
+
+void ScheduleBoardArea::availability()
+{
+    const auto sid = chosen_sid(m_board->list(m_active));
+    if (!sid) {
+        m_session.talk().message(m_board->select_match_text());
+        return;
+    }
+    std::string text;
+    for (const auto& line : availability_restrictions(m_session.tournament(), m_session.talk(), *sid))
+        text += (text.empty() ? "" : "\n") + line;
+    if (!text.empty())
+        m_session.talk().message(text, "availability restrictions");
 }
 
 void ScheduleBoardArea::search()

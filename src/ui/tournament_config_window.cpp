@@ -5,6 +5,7 @@
 #include "online/request_url.h"
 #include "ui/qt_text.h"
 #include "ui/refusal_selection.h"
+#include "ui/setdatescourts_window.h"
 #include "ui/tabbed_window.h"
 
 #include <QCheckBox>
@@ -13,6 +14,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -113,11 +115,15 @@ QWidget* TournamentConfigWindow::details_page()
         if (refused)
             select_refusal(refused->field == 0 ? m_name : m_dates, refused->refusal);
     };
-    m_details_actions
-        = action_list({ { "save locally", save_details }, { "upload", [this] {
-                                                               save_tournament_online(m_session, to_std(m_name->text()),
-                                                                   to_std(m_dates->text()), to_std(m_currency->text()));
-                                                           } } });
+    const auto upload_details = [this] {
+        save_tournament_online(m_session, to_std(m_name->text()), to_std(m_dates->text()), to_std(m_currency->text()));
+    };
+    // The days saved there become the tournament's dates, and this box shows them at once.
+    const auto set_dates = [this] {
+        open_setdatescourts(m_session, this, [this](const std::string& dates) { m_dates->setText(qs(dates)); });
+    };
+    m_details_actions = action_list(
+        { { "save locally", save_details }, { "upload", upload_details }, { "set dates...", set_dates } });
     auto* row = new QHBoxLayout(tournament);
     row->addLayout(form);
     row->addWidget(m_details_actions, 0, Qt::AlignTop);
@@ -182,7 +188,15 @@ QWidget* TournamentConfigWindow::text_page(TournamentText which)
         m_text_actions[which]
             = action_list({ act("save locally"), act("upload"), act("view"), act("clean text"), act("clear text") });
     }
-    layout->addWidget(m_text_actions[which], 0, Qt::AlignTop);
+    // "local" while the text is what the file holds, "online" once it went to the service.
+    auto* state = new QLabel(QStringLiteral("local"), page);
+    state->setObjectName(QStringLiteral("state"));
+    m_text_states[which] = state;
+    auto* side = new QVBoxLayout;
+    side->addWidget(state);
+    side->addWidget(m_text_actions[which]);
+    side->addStretch();
+    layout->addLayout(side);
     return page;
 }
 
@@ -202,9 +216,12 @@ void TournamentConfigWindow::text_action(TournamentText which, const QString& ca
         m_detail_pages->setCurrentIndex(caption == "page 1" ? 0 : 1);
     } else if (caption == "save locally") {
         save_text_locally(m_session, which, text_of(0), text_of(1));
+        m_text_states[which]->setText(QStringLiteral("local"));
     } else if (caption == "upload") {
         std::optional<FieldRefusal> refused;
-        if (!upload_text(m_session, which, text_of(0), text_of(1), refused) && refused) {
+        if (upload_text(m_session, which, text_of(0), text_of(1), refused))
+            m_text_states[which]->setText(QStringLiteral("online"));
+        else if (refused) {
             if (m_detail_pages && which == TournamentText::details)
                 m_detail_pages->setCurrentIndex(refused->field);
             select_refusal(boxes[static_cast<std::size_t>(refused->field)], refused->refusal);

@@ -9,6 +9,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPlainTextEdit;
@@ -41,6 +42,8 @@ public:
     QListWidget* details_actions() const { return m_details_actions; }
     QListWidget* venue_actions() const { return m_venue_actions; }
     QPlainTextEdit* text_box(TournamentText which, int page = 0) const;
+    // "local" or "online": where the text shown last went.
+    QLabel* text_state(TournamentText which) const { return m_text_states.at(which); }
     QListWidget* text_actions(TournamentText which) const { return m_text_actions.at(which); }
     QLineEdit* limit_box(int field) const { return m_limits.at(static_cast<std::size_t>(field)); }
     QLineEdit* online_limit_box(int field) const { return m_online_limits.at(static_cast<std::size_t>(field)); }
@@ -73,6 +76,7 @@ private:
     QListWidget* m_venue_actions = nullptr;
     QStackedWidget* m_detail_pages = nullptr;
     std::map<TournamentText, std::array<QPlainTextEdit*, 2>> m_texts;
+    std::map<TournamentText, QLabel*> m_text_states;
     std::map<TournamentText, QListWidget*> m_text_actions;
     std::array<QLineEdit*, 4> m_limits {};
     std::array<QLineEdit*, 4> m_online_limits {};

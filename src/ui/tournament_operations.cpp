@@ -12,6 +12,7 @@
 #include "ui/setdatescourts_window.h"
 #include "ui/tournament_area.h"
 #include "ui/tournament_config_window.h"
+#include "ui/window_behaviour.h"
 
 #include <QInputDialog>
 #include <QListWidget>
@@ -131,7 +132,7 @@ void register_tournament(TournamentArea& area, Session& session)
     auto* parent = area.window();
     area.add_operation(OperationList::tournament, QStringLiteral("tournament"), [&session, parent] {
         if (session.has_tournament())
-            show_window(new TournamentConfigWindow(session, parent));
+            show_over_parent(new TournamentConfigWindow(session, parent));
     });
     area.add_worded_operation(
         OperationList::tournament,

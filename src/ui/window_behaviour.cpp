@@ -5,6 +5,9 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace qv {
 
@@ -115,7 +118,14 @@ void show_over_parent(QWidget* window)
         window->adjustSize();
     if (auto* parent = window->parentWidget()) {
         const QRect anchor = parent->window()->geometry();
-        window->move(anchor.center() - window->rect().center());
+        QPoint place = anchor.center() - window->rect().center();
+        // A window larger than the one it came from stays on the screen, its title bar within reach.
+        if (const auto* screen = parent->window()->screen()) {
+            const QRect room = screen->availableGeometry();
+            place.setX(std::clamp(place.x(), room.left(), std::max(room.left(), room.right() - window->width())));
+            place.setY(std::clamp(place.y(), room.top(), std::max(room.top(), room.bottom() - window->height())));
+        }
+        window->move(place);
     }
     window->show();
     window->raise();

@@ -37,7 +37,8 @@ TEST_F(AppOptionsTest, NumbersAreCheckedAndWrittenAtOnce)
     };
     const Case cases[] = {
         { "app.ftp_timeout", "4", "value must be greater than 5 seconds" },
-        { "app.ftp_timeout", "5", "" },
+        { "app.ftp_timeout", "5", "value must be greater than 5 seconds" },
+        { "app.ftp_timeout", "6", "" },
         { "app.ftp_timeout", "", "value required" },
         { "app.ftp_timeout", "1x", "invalid character for integer" },
         { "app.text_left", "51", "max 50" },

@@ -91,6 +91,19 @@ TEST_F(FileGoneTest, SaveAsPutsTheTournamentSomewhereSafeAndGoesOnThere)
     EXPECT_TRUE(host.ended);
 }
 
+// "save as" from the menu after the file went: the open copy goes to the new file and the work goes on there.
+TEST_F(FileGoneTest, MenuSaveAsOfAGoneFileKeepsTheOpenTournament)
+{
+    const auto safe = dir.path() / "menu.qvd";
+    fs::remove(file);
+    talk.files.push_back({ safe });
+    session.menu_save_as();
+    host.run_deferred();
+    ASSERT_EQ(session.current_file_path(), safe.string());
+    EXPECT_EQ(session.tournament().scalar_text("select player from players"), "ann lee");
+    EXPECT_FALSE(fs::exists(file));
+}
+
 TEST_F(FileGoneTest, ARestartOffersANewFileFirstAndReopensThat)
 {
     const auto safe = dir.path() / "safe.qvd";

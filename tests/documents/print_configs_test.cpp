@@ -1,5 +1,6 @@
 #include "core/session.h"
 #include "documents/print_configs.h"
+#include "documents/print_setup.h"
 #include "support/fake_host.h"
 #include "support/scripted_talk.h"
 #include "support/temp_app_dir.h"
@@ -161,6 +162,43 @@ TEST_F(PrintConfigsTest, DeleteAndDefaultRefusals)
     const auto idx = save_print_config_as(session, ko32, fields("spare"));
     ASSERT_TRUE(delete_print_config(session, ko32, *idx));
     EXPECT_EQ(default_name(ko32), "system ko32 portrait");
+}
+
+// The moving buttons step by 5 or, with small steps, by 1, and keep each value on the page.
+TEST(PictureMoves, StepsToolsAndWholePercentages)
+{
+    const PicturePlace start { "portrait", 10, 10, 80, 60 };
+    const auto four = [](const PicturePlace& p) { return std::vector<double> { p.left, p.top, p.width, p.height }; };
+    struct Case
+    {
+        PictureMove move;
+        bool small;
+        std::vector<double> expected;
+    };
+    const Case cases[] = {
+        { PictureMove::left, false, { 5, 10, 80, 60 } },
+        { PictureMove::right, true, { 11, 10, 80, 60 } },
+        { PictureMove::up, false, { 10, 5, 80, 60 } },
+        { PictureMove::down, false, { 10, 15, 80, 60 } },
+        { PictureMove::width_plus, false, { 10, 10, 85, 60 } },
+        { PictureMove::width_minus, true, { 10, 10, 79, 60 } },
+        { PictureMove::height_plus, true, { 10, 10, 80, 61 } },
+        { PictureMove::height_minus, false, { 10, 10, 80, 55 } },
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(four(move_picture(start, c.move, c.small)), c.expected) << static_cast<int>(c.move);
+
+    EXPECT_EQ(four(move_picture({ "portrait", 2, 98, 100, 0 }, PictureMove::left, false))[0], 0);
+    EXPECT_EQ(four(move_picture({ "portrait", 2, 98, 100, 0 }, PictureMove::down, false))[1], 100);
+    EXPECT_EQ(four(move_picture({ "portrait", 2, 98, 100, 0 }, PictureMove::width_plus, false))[2], 100);
+    EXPECT_EQ(four(move_picture({ "portrait", 2, 98, 100, 0 }, PictureMove::height_minus, true))[3], 0);
+
+    EXPECT_EQ(four(expand_to_fit(start)), (std::vector<double> { 0, 0, 100, 100 }));
+    EXPECT_EQ(four(set_origin_0_0(start)), (std::vector<double> { 0, 0, 80, 60 }));
+    EXPECT_EQ(four(clear_settings()), (std::vector<double> { 0, 0, 0, 0 }));
+    EXPECT_EQ(clear_settings().orientation, "portrait");
+    EXPECT_EQ(whole_number_pct(12.5), 13);
+    EXPECT_EQ(whole_number_pct(12.49), 12);
 }
 
 } // namespace

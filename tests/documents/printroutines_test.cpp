@@ -36,6 +36,8 @@ TEST_F(PrintRoutinesTest, ThirtyTwoDrawOnOnePage)
     auto pages = test::pdf_pages(portrait);
     ASSERT_EQ(pages.size(), 1u);
     EXPECT_FALSE(pages[0].landscape());
+    std::filesystem::copy_file(portrait, std::filesystem::path(QV_SCREENSHOT_DIR) / "ko32_portrait.pdf",
+        std::filesystem::copy_options::overwrite_existing);
 
     session.init_db().run(R"(update prints set "default"='' where drawsize=32 and drawtype='ko')");
     session.init_db().run(R"(update prints set "default"='default' where name='system ko32 landscape')");

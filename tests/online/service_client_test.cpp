@@ -162,6 +162,17 @@ TEST_F(ServiceClientTest, PublicPagesCarrySequenceAndCustidOnly)
         "/qv?idx=get_event_entries&sequence=SEQ&custid=club7&event=4&os=" + session.os_details() + "&app_id=1.0");
 }
 
+// With an FTP host configured the reply carries its five fields, each ended by "^".
+TEST_F(ServiceClientTest, FtpStringsOfAConfiguredHost)
+{
+    service.reset();
+    start_service({ "--ftp", "127.0.0.1:2121:u1:p1:http://127.0.0.1:8021/:1048576" });
+    use_service_account();
+    auto c = client();
+    EXPECT_EQ(getftpstrings(c), "127.0.0.1:2121^u1^p1^http://127.0.0.1:8021/^1048576^");
+    EXPECT_TRUE(talk.messages().empty());
+}
+
 TEST_F(ServiceClientTest, BlanksCaretsAndTheInvertedMarkReachTheServiceAsTyped)
 {
     auto c = client();

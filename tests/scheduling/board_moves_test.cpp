@@ -72,7 +72,8 @@ TEST_F(BoardMovesTest, UpFreesTheMatchAndItsTimeAndCourtToCourtKeepsIt)
     select(BoardListId::court, { singles[1] });
     EXPECT_FALSE(WEB_move_from_list4_to(*board, day1, 1));
     ASSERT_TRUE(WEB_move_from_list4_to(*board, day3, -1));
-    EXPECT_EQ(place_of(singles[1]), std::string(day3) + "/3/-1/1");
+    // Only the day in hand is renumbered: on its new day the match keeps its running number.
+    EXPECT_EQ(place_of(singles[1]), std::string(day3) + "/3/-1/4");
     EXPECT_EQ(time_of(singles[1]), "nb 09:30/570");
     // The day in hand renumbered: what stayed is 1, 2.
     EXPECT_EQ(number(singles[2], "matchnumber"), 2);

@@ -2,8 +2,17 @@
 #include "scheduling/board_moves.h"
 #include "scheduling/days_courts.h"
 
+#include <fstream>
+#include <iterator>
+
 namespace qv {
 namespace {
+
+std::string read_bytes(const std::filesystem::path& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    return { std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>() };
+}
 
 class DaysCourtsTest : public test::BoardFixture
 {
@@ -178,6 +187,24 @@ TEST_F(DaysCourtsTest, SavingNoDaysEmptiesTheDates)
     EXPECT_EQ(db->row_count("scheduledays"), 1);
     EXPECT_EQ(session.settings().integer("imaxdays"), 0);
     EXPECT_EQ(session.settings().integer("imaxcid"), 0);
+}
+
+// The two lists go to text files under their headings, in Windows-1252 with CR LF.
+TEST_F(DaysCourtsTest, ListsSaveUnderTheirHeadings)
+{
+    const auto days_file = dir.path() / "days.txt";
+    const auto courts_file = dir.path() / "courts.txt";
+    talk.files.push_back({ days_file });
+    talk.files.push_back({ courts_file });
+    ASSERT_TRUE(editor.save_days_list());
+    ASSERT_TRUE(editor.save_courts_list(editor.load_courts(day1)));
+    EXPECT_EQ(talk.said.front().text, "days.txt");
+    EXPECT_EQ(read_bytes(days_file), std::string("days\r\n") + day1 + "\r\n" + day2 + "\r\n" + day3 + "\r\n");
+    const auto courts = read_bytes(courts_file);
+    EXPECT_EQ(courts.substr(0, 41), "courts\r\ncourt dcb\tday clipboard\r\ncourt tb");
+    EXPECT_TRUE(courts.ends_with("court 6\t\r\n")) << courts;
+    // A cancelled file choice writes nothing.
+    EXPECT_FALSE(editor.save_days_list());
 }
 
 } // namespace

@@ -15,6 +15,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -152,8 +153,12 @@ TEST_F(OnlineWindowsTest, TournamentDetailsAreUploadedAndViewed)
     details->setPlainText(QStringLiteral("draws posted: friday\nthe club's courts"));
     config->run_action(config->text_actions(TournamentText::details), QStringLiteral("add name/dates"));
     EXPECT_TRUE(details->toPlainText().endsWith(QStringLiteral("tournament name: spring open\ndates: 1-2 may\n")));
+    EXPECT_EQ(config->text_state(TournamentText::details)->text(), QStringLiteral("local"));
     config->run_action(config->text_actions(TournamentText::details), QStringLiteral("upload"));
     EXPECT_EQ(talk.last_message(), "ok");
+    EXPECT_EQ(config->text_state(TournamentText::details)->text(), QStringLiteral("online"));
+    config->run_action(config->text_actions(TournamentText::details), QStringLiteral("save locally"));
+    EXPECT_EQ(config->text_state(TournamentText::details)->text(), QStringLiteral("local"));
     config->run_action(config->text_actions(TournamentText::details), QStringLiteral("view"));
     ASSERT_EQ(opened.size(), 1u);
     const std::string page = test::fetch(wire_url(opened.front()));
@@ -167,6 +172,7 @@ TEST_F(OnlineWindowsTest, TournamentDetailsAreUploadedAndViewed)
     conditions->setPlainText(QStringLiteral("no #1 seeds"));
     config->run_action(config->text_actions(TournamentText::conditions), QStringLiteral("upload"));
     EXPECT_EQ(talk.last_message(), "illegal character");
+    EXPECT_EQ(config->text_state(TournamentText::conditions)->text(), QStringLiteral("local"));
     EXPECT_EQ(conditions->textCursor().selectedText(), QStringLiteral("#"));
     config->run_action(config->text_actions(TournamentText::conditions), QStringLiteral("clean text"));
     EXPECT_EQ(conditions->toPlainText(), QStringLiteral("no 1 seeds"));

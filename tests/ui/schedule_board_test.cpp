@@ -163,6 +163,12 @@ TEST_F(ScheduleBoardWindowTest, ADirectorPlacesTimesAndFreesMatches)
     click(QStringLiteral("grab match time"));
     EXPECT_EQ(area().time_choosers()->choice().value(), "at 10:00");
 
+    // The restrictions of the people of the chosen match, as the register holds them.
+    window.session().tournament().run("update players set availabilityrestrictions='after 5pm'");
+    click(QStringLiteral("availability restrictions"));
+    EXPECT_EQ(talk.said.back().title, "availability restrictions");
+    EXPECT_NE(talk.last_message().find(": after 5pm"), std::string::npos) << talk.last_message();
+
     // The marks after "match counts" from the toolbar.
     window.match_count_button()->click();
     EXPECT_EQ(area().day_list()->item(0)->text(), QStringLiteral("mon02mar26 ?"));

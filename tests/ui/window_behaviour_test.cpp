@@ -12,13 +12,17 @@
 #include "ui/events_windows.h"
 #include "ui/folders_windows.h"
 #include "ui/links_window.h"
+#include "ui/load_draw_gif_window.h"
 #include "ui/main_window.h"
 #include "ui/notepad2.h"
 #include "ui/players_filter_window.h"
 #include "ui/players_windows.h"
+#include "ui/print_setup_window.h"
 #include "ui/qt_user_talk.h"
 #include "ui/seeding_patterns_window.h"
 #include "ui/toolbar_windows.h"
+#include "ui/tournament_config_window.h"
+#include "ui/window_behaviour.h"
 #include "ui_test_support.h"
 
 #include <QApplication>
@@ -140,6 +144,13 @@ protected:
     Database& db() { return session().tournament(); }
 };
 
+// Opened as the menus open it: over the main window.
+QWidget* shown(QWidget* window)
+{
+    show_over_parent(window);
+    return window;
+}
+
 struct OpenedWindow
 {
     const char* name;
@@ -183,6 +194,10 @@ TEST_F(WindowBehaviourTest, EverySmallWindowTabsInReadingOrderOpensOverTheMainWi
                 return test::last_opened<Notepad2>(w);
             } },
         { "tools", [](MainWindow& w) { return w.open_tools(); } },
+        { "tournament configuration",
+            [](MainWindow& w) { return shown(new TournamentConfigWindow(w.session(), &w)); } },
+        { "print configuration", [](MainWindow& w) { return shown(new PrintSetupWindow(w.session(), &w)); } },
+        { "load draw gif", [](MainWindow& w) { return shown(new LoadDrawGifWindow(w.session(), &w)); } },
     };
     for (const auto& each : windows) {
         SCOPED_TRACE(each.name);
