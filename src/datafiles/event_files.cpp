@@ -138,6 +138,13 @@ int import_events(Session& session, const std::filesystem::path& file)
     return imported;
 }
 
+int import_events_file(Session& session)
+{
+    const auto file = session.talk().choose_file(
+        { FileDialogKind::Open, "open qv3 event file", "", "qv3.", session.settings().text("app.last_dir_opened") });
+    return file ? import_events(session, *file) : 0;
+}
+
 bool export_events(Session& session, const std::vector<std::int64_t>& eids)
 {
     auto& talk = session.talk();

@@ -244,6 +244,27 @@ int import_players(
     return imported;
 }
 
+int import_players_file(Session& session, PlayerFormat format, std::int64_t fid)
+{
+    const std::string word = format_word(format);
+    const auto file = session.talk().choose_file({ FileDialogKind::Open, "import " + word + " file", "", word + ".",
+        session.settings().text("app.last_dir_opened") });
+    return file ? import_players(session, *file, format, fid) : 0;
+}
+
+std::vector<std::string> player_file_formats()
+{
+    return { "player files: one player or team a line, each field followed by ^, no header, no quotes", "",
+        "qv1 (16 fields):",
+        "first name (team name for a team, at most 18)^second name (empty for a team)^email^date of birth^address^"
+        "city^state^postcode^from code (at most 3 letters or digits)^phone^mobile^sex (male or female)^rating^"
+        "ranking^club^1 for a player, 0 for a team^",
+        "", "qv2 (5 fields):",
+        "first name (team name for a team)^second name (empty for a team)^sex (male or female)^"
+        "from code (3 letters or digits)^1 for a player, 0 for a team^",
+        "", "example:", "Ann^Lee^female^NZL^1^" };
+}
+
 bool export_players(Session& session, const std::vector<std::int64_t>& pids, PlayerFormat format)
 {
     auto& talk = session.talk();

@@ -36,6 +36,12 @@ CheckedPlayer process_qv2_line(std::string_view line);
 int import_players(Session& session, const std::filesystem::path& file, PlayerFormat format, std::int64_t fid,
     const std::tm& now = local_time_now());
 
+// The same for the file the user picks ("import qv1 file", "import qv2 file"); nothing happens when none is picked.
+int import_players_file(Session& session, PlayerFormat format, std::int64_t fid);
+
+// The text of "file formats": the fields of the two player files, in order.
+std::vector<std::string> player_file_formats();
+
 // Writes the chosen players, in the order given, to a file the user names ("players.qv1" or "players.qv2").
 bool export_players(Session& session, const std::vector<std::int64_t>& pids, PlayerFormat format);
 

@@ -1,6 +1,7 @@
 #include "ui/events_windows.h"
 
 #include "core/session.h"
+#include "datafiles/event_files.h"
 #include "entries/filters.h"
 #include "entries/main_lists.h"
 #include "ui/events_filter_window.h"
@@ -381,6 +382,8 @@ EventsManageWindow::EventsManageWindow(Session& session, QWidget* parent)
     m_tag->setWordWrap(true);
 
     m_menu->addAction(QStringLiteral("delete"), this, &EventsManageWindow::remove);
+    m_menu->addAction(QStringLiteral("import events"), this, &EventsManageWindow::import_events);
+    m_menu->addAction(QStringLiteral("export events"), this, &EventsManageWindow::export_events);
     m_menu->addAction(QStringLiteral("search"), this, &EventsManageWindow::search);
     auto* bar = new QMenuBar(this);
     bar->addMenu(m_menu);
@@ -429,6 +432,19 @@ int EventsManageWindow::remove()
     if (deleted > 0)
         refresh();
     return deleted;
+}
+
+int EventsManageWindow::import_events()
+{
+    const auto imported = import_events_file(m_session);
+    if (imported > 0)
+        refresh();
+    return imported;
+}
+
+bool EventsManageWindow::export_events()
+{
+    return qv::export_events(m_session, selected_ids(m_events));
 }
 
 bool EventsManageWindow::search()

@@ -156,6 +156,9 @@ public slots:
     QDialog* set_filter();
     // Returns the number of events deleted.
     int remove();
+    // "import events" asks for a qv3 file; "export events" writes the selected events to one.
+    int import_events();
+    bool export_events();
     bool search();
 
 private:

@@ -3,6 +3,7 @@
 #include "core/links.h"
 #include "core/recent_files.h"
 #include "core/session.h"
+#include "datafiles/event_files.h"
 #include "ui/add_to_event_window.h"
 #include "ui/area_page.h"
 #include "ui/colors.h"
@@ -12,6 +13,7 @@
 #include "ui/events_windows.h"
 #include "ui/links_window.h"
 #include "ui/load_draw_gif_window.h"
+#include "ui/players_import_export_window.h"
 #include "ui/players_windows.h"
 #include "ui/print_setup_window.h"
 #include "ui/qt_text.h"
@@ -209,16 +211,18 @@ void MainWindow::build_toolbar()
     m_feederapps = small_window_button("feederapps", feederapps_commands(), &MainWindow::open_feederapps);
 }
 
+std::function<void()> MainWindow::when_open(std::function<void()> open)
+{
+    // The small window may have stayed open while the file closed: its lines do nothing then.
+    return [this, open = std::move(open)] {
+        if (m_session->has_tournament())
+            open();
+    };
+}
+
 CommandTable MainWindow::tools_commands()
 {
     // The register's windows that add one at a time, for a director typing entries in by hand, and the links.
-    // The small window may have stayed open while the file closed: the register's lines look again.
-    const auto when_open = [this](std::function<void()> open) {
-        return [this, open] {
-            if (m_session->has_tournament())
-                open();
-        };
-    };
     return {
         { QStringLiteral("add new player"), when_open([this] { open_add_player(*m_session, this); }), true },
         { QStringLiteral("add new event"), when_open([this] { open_add_event(*m_session, this); }), true },
@@ -232,8 +236,9 @@ CommandTable MainWindow::feederapps_commands()
 {
     // The ways data come in, each shown once its window stands.
     return {
-        { QStringLiteral("players import/export"), {}, true },
-        { QStringLiteral("import events"), {}, true },
+        { QStringLiteral("players import/export"), when_open([this] { open_players_import_export(*m_session, this); }),
+            true },
+        { QStringLiteral("import events"), when_open([this] { import_events_file(*m_session); }), true },
         { QStringLiteral("load entries (qv5) file"), {}, true },
         { QStringLiteral("download entries load"), {}, true },
     };

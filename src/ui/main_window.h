@@ -97,6 +97,8 @@ private:
     void build_menus();
     // The lines of the toolbar's two small windows, in order.
     CommandTable tools_commands();
+    // A line of a small window that runs only while a tournament is open.
+    std::function<void()> when_open(std::function<void()> open);
     CommandTable feederapps_commands();
     ToolbarWindow* open_toolbar_window(const QString& title, const CommandTable& table);
     void paint_marker(Area area, const QColor& color);

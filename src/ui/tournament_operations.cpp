@@ -6,6 +6,7 @@
 #include "ui/events_windows.h"
 #include "ui/folders_windows.h"
 #include "ui/list_search.h"
+#include "ui/players_import_export_window.h"
 #include "ui/players_windows.h"
 #include "ui/qt_text.h"
 #include "ui/seeding_patterns_window.h"
@@ -89,6 +90,8 @@ void register_players(TournamentArea& area, Session& session)
     auto* parent = area.window();
     area.add_operation(OperationList::players, QStringLiteral("players"),
         [&session, parent] { show_window(open_players(session, parent)); });
+    area.add_operation(OperationList::players, QStringLiteral("   import/export"),
+        [&session, parent] { show_window(open_players_import_export(session, parent)); });
     area.add_operation(OperationList::players, QStringLiteral("   delete"),
         [&session, parent] { show_window(open_players_delete(session, parent)); });
     area.add_operation(OperationList::players, QStringLiteral("   folders"), [&session, parent] {

@@ -59,7 +59,8 @@ TEST_F(TournamentOperationsTest, TheListsOfferTheirWindowsInOrder)
         QStringList(
             { "show draw", "select draw", "events", "draw config", "manage events", "seeding patterns", "search" }));
     EXPECT_EQ(test::lines_of(area().operations(OperationList::players)),
-        QStringList({ "players", "   delete", "   folders", "manage folders", "add to event", "search" }));
+        QStringList(
+            { "players", "   import/export", "   delete", "   folders", "manage folders", "add to event", "search" }));
 
     // The windows open over the main window.
     test::click_operation(area(), OperationList::players, "add to event");

@@ -16,6 +16,7 @@
 #include "ui/main_window.h"
 #include "ui/notepad2.h"
 #include "ui/players_filter_window.h"
+#include "ui/players_import_export_window.h"
 #include "ui/players_windows.h"
 #include "ui/print_setup_window.h"
 #include "ui/qt_user_talk.h"
@@ -165,6 +166,7 @@ TEST_F(WindowBehaviourTest, EverySmallWindowTabsInReadingOrderOpensOverTheMainWi
         { "add new player", [](MainWindow& w) { return open_add_player(w.session(), &w); } },
         { "players", [](MainWindow& w) { return open_players(w.session(), &w); } },
         { "players delete", [](MainWindow& w) { return open_players_delete(w.session(), &w); } },
+        { "players import/export", [](MainWindow& w) { return open_players_import_export(w.session(), &w); } },
         { "player details", [](MainWindow& w) { return open_player_details_by_name(w.session(), "al west", &w); } },
         { "add new event", [](MainWindow& w) { return open_add_event(w.session(), &w); } },
         { "events", [](MainWindow& w) { return open_admin_events(w.session(), &w); } },
