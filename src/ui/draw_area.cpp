@@ -1,6 +1,7 @@
 #include "ui/draw_area.h"
 
 #include "core/session.h"
+#include "drawengine/force_draw.h"
 #include "drawengine/ko_progression.h"
 #include "drawengine/ko_row_values.h"
 #include "drawengine/name_forms.h"
@@ -11,6 +12,7 @@
 #include "scheduling/result_places.h"
 #include "ui/drawconfig_window.h"
 #include "ui/events_filter_window.h"
+#include "ui/force_draw_window.h"
 #include "ui/id_lists.h"
 #include "ui/qt_text.h"
 #include "ui/replacement_windows.h"
@@ -378,7 +380,7 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     left->addWidget(m_events, 1);
     left->addWidget(m_filter_tag);
     for (const char* caption : { "do draw", "save draw", "rollback to last save", "byes thru", "do all draws",
-             "delete draw", "draw config" }) {
+             "delete draw", "draw config", "force draw config", "force draw" }) {
         auto* button = new QPushButton(QString::fromLatin1(caption), this);
         button->setAutoDefault(false);
         left->addWidget(button);
@@ -420,6 +422,8 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     m_hooks.RR_copy_over = [this](OpenDraw& open) { qv::RR_copy_over(m_session.tournament(), open.draw.curr_eid); };
     m_hooks.RR_loadroundsdata
         = [this](OpenDraw& open) { qv::RR_loadroundsdata(m_session.tournament(), open.draw, m_rr); };
+    m_hooks.force_draw_fix_players
+        = [this](OpenDraw& open) { qv::force_draw_fix_players(m_session.tournament(), open.draw.curr_eid); };
     m_view->set_handlers([this](int level, int position, int button) { click_slot(level, position, button); },
         [this](int level, int position, const QString& text) { set_score(level, position, text); });
     m_view->set_field_handler([this](int position, SlotField field) { field_click(position, field); });
@@ -437,6 +441,9 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     connect(button(QStringLiteral("do all draws")), &QPushButton::clicked, this, &DrawArea::do_all_draws);
     connect(button(QStringLiteral("delete draw")), &QPushButton::clicked, this, &DrawArea::delete_draw);
     connect(button(QStringLiteral("draw config")), &QPushButton::clicked, this, &DrawArea::open_drawconfig);
+    connect(
+        button(QStringLiteral("force draw config")), &QPushButton::clicked, this, &DrawArea::open_force_draw_config);
+    connect(button(QStringLiteral("force draw")), &QPushButton::clicked, this, &DrawArea::force_draw);
     connect(m_save_as_u_go, &QCheckBox::toggled, this,
         [this](bool on) { setting_toggled(m_save_as_u_go, "draw.isaveasugo", on); });
     connect(m_save_no_prompt, &QCheckBox::toggled, this,
@@ -671,6 +678,27 @@ void DrawArea::do_all_draws()
     setEnabled(false);
     qv::do_all_draws(m_session, m_open, *m_random, draw_hooks(), steps);
     setEnabled(true);
+    show_draw();
+    reload_events();
+}
+
+ForceDrawWindow* DrawArea::open_force_draw_config()
+{
+    if (m_open.draw.curr_eid == 0)
+        return nullptr;
+    auto* window = new ForceDrawWindow(m_session, m_open.draw.curr_eid, m_open.draw.eventname, this);
+    show_over_parent(window);
+    return window;
+}
+
+void DrawArea::force_draw()
+{
+    // As "do draw": the chosen event must be the line selected in the list.
+    const auto* line = m_events->currentItem();
+    if (m_open.draw.curr_eid == 0 || !line || !line->isSelected() || m_events->row(line) == 0
+        || line->data(Qt::UserRole).toLongLong() != m_open.draw.curr_eid)
+        return;
+    FORCEDRAW(m_session, m_open, draw_hooks());
     show_draw();
     reload_events();
 }

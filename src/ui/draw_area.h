@@ -32,6 +32,7 @@ class QStackedWidget;
 namespace qv {
 
 class DrawConfigWindow;
+class ForceDrawWindow;
 class DrawView;
 class RrDrawView;
 class Session;
@@ -201,6 +202,10 @@ public slots:
     void do_all_draws();
     void delete_draw();
     DrawConfigWindow* open_drawconfig();
+    // "force draw config": the hand-made layout of the chosen event.
+    ForceDrawWindow* open_force_draw_config();
+    // "force draw": the chosen event's layout becomes its open draw.
+    void force_draw();
     QWidget* set_filter();
     // A click on a name: left sends the player on, right takes a later round's name back.
     void click_slot(int level, int position, int button);
