@@ -146,8 +146,16 @@ void DrawSlotItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWi
         QFont font = painter->font();
         font.setBold(winner_line);
         painter->setFont(font);
-        const QRectF text_rect = name_rect().adjusted(3, 0, -3, -2);
-        const QString text = painter->fontMetrics().elidedText(m_text, Qt::ElideRight, int(text_rect.width()));
+        QRectF text_rect = name_rect().adjusted(3, 0, -3, -2);
+        QString line = m_text;
+        // In round 1 the country stands at the right end of the line, a field of its own that a click overrides.
+        if (const auto* draw = m_view.draw(); m_level == 1 && draw && !draw->slot(1, m_position).country.empty()) {
+            const QString country = qs("(" + draw->slot(1, m_position).country + ")");
+            painter->drawText(text_rect, Qt::AlignRight | Qt::AlignBottom, country);
+            text_rect.setRight(text_rect.right() - painter->fontMetrics().horizontalAdvance(country) - 4);
+            line.chop(country.size() + 1);
+        }
+        const QString text = painter->fontMetrics().elidedText(line, Qt::ElideRight, int(text_rect.width()));
         painter->drawText(text_rect, Qt::AlignLeft | Qt::AlignBottom, text);
     }
     if (has_score_box()) {
@@ -186,17 +194,14 @@ std::optional<SlotField> DrawSlotItem::field_at(qreal x) const
     const auto* draw = m_view.draw();
     if (m_level != 1 || !draw || m_empty)
         return std::nullopt;
-    // The line reads "(seed) name (country)" from the text's left edge, 3 in from the item's.
+    // The seed opens the line 3 in from the item's left edge; the country ends it 3 in from the right.
     const auto& slot = draw->slot(m_level, m_position);
     const QFontMetricsF metrics(scene() ? scene()->font() : QFont());
     const qreal at = x - 3;
     if (!slot.seed.empty() && at >= 0 && at < metrics.horizontalAdvance(qs("(" + slot.seed + ")")))
         return SlotField::seed;
-    if (!slot.country.empty()) {
-        const qreal end = metrics.horizontalAdvance(m_text);
-        if (end <= m_width - 6 && at <= end && at >= end - metrics.horizontalAdvance(qs("(" + slot.country + ")")))
-            return SlotField::country;
-    }
+    if (!slot.country.empty() && x >= m_width - 3 - metrics.horizontalAdvance(qs("(" + slot.country + ")")))
+        return SlotField::country;
     return std::nullopt;
 }
 
