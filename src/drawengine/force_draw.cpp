@@ -81,6 +81,12 @@ void ForceDrawLayout::set_target_size(Session& session, std::int64_t eid, int dr
     }
 }
 
+void ForceDrawLayout::set_order(ForceOrder order)
+{
+    m_order = order;
+    sort_players();
+}
+
 void ForceDrawLayout::sort_players()
 {
     if (m_order == ForceOrder::by_insertion)

@@ -47,6 +47,9 @@ public:
     // deleted at once and every player is on the left again.
     void set_target_size(Session& session, std::int64_t eid, int drawsize, ForceOrder order);
 
+    // "order by insertion order" on or off: the players list sorted again, the layout kept.
+    void set_order(ForceOrder order);
+
     // The selected player onto the selected slot; a player already there goes back to the left.
     bool insert(Session& session, std::optional<std::size_t> player, std::optional<std::size_t> slot);
     // The slot's player back to the left; the slot holds "bye".

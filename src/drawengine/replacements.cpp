@@ -119,7 +119,8 @@ bool r1_change_allowed(Session& session, OpenDraw& open, int position, const Dra
         session.talk().message("cannot modify round1 while match played, clear result first");
         return false;
     }
-    return leave_draw(session, open, LeaveReason::closingdraws, hooks);
+    // The changes act on a saved draw: a new one the user chose not to save stays as it is.
+    return leave_draw(session, open, LeaveReason::closingdraws, hooks) && !open.draw.new_draw;
 }
 
 bool set_as_bye(Session& session, OpenDraw& open, int position, std::string_view word, const DrawSaveHooks& hooks)

@@ -110,8 +110,8 @@ ForceDrawWindow::ForceDrawWindow(Session& session, std::int64_t eid, const std::
     connect(m_ignore, &QCheckBox::toggled, this,
         [this](bool on) { m_session.settings().set_disk_var("force_draw_ignore_seeding", on ? "1" : "0"); });
     connect(m_order, &QCheckBox::toggled, this, [this] {
-        m_layout.load(m_session.tournament(), m_eid, order());
-        show_lists(0, 0);
+        m_layout.set_order(order());
+        show_lists(0, m_slots->currentRow());
     });
 
     m_layout.load(session.tournament(), eid, order());

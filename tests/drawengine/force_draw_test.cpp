@@ -105,6 +105,10 @@ TEST_F(ForceDrawTest, InsertRemoveAndMirrorMovePlayersBetweenTheLists)
     ASSERT_TRUE(layout.remove(session, 1));
     EXPECT_EQ(lines()[1], "(2)[]bye");
     EXPECT_EQ(left(), (std::vector<std::string> { "al bee", "cy dee", "gil hay" }));
+    // The other order sorts the list again and keeps what was laid out.
+    layout.set_order(ForceOrder::by_insertion);
+    EXPECT_EQ(left(), (std::vector<std::string> { "gil hay", "cy dee", "al bee" }));
+    EXPECT_EQ(lines()[3], "(4)[s2]ed eff");
     ASSERT_TRUE(layout.mirror(session, { 0, 1, 2 }));
     EXPECT_TRUE(left().empty());
     talk.clear();

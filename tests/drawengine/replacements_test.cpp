@@ -167,6 +167,19 @@ TEST_F(ReplacementsTest, ASlotWithAResultTakesNoChangeOfAnyKind)
     EXPECT_TRUE(reserve(1, "ivan mann"));
 }
 
+TEST_F(ReplacementsTest, ANewDrawLeftUnsavedTakesNoChange)
+{
+    load(1);
+    open.draw.new_draw = true; // as a draw just made and not yet saved
+    const int p = position_of("adam mann");
+    talk.answers.push_back(Answer::No);
+    EXPECT_FALSE(set_as_bye(session, open, p, "wildcard", hooks));
+    ASSERT_FALSE(talk.said.empty());
+    EXPECT_EQ(talk.said.back().text, "save changes?");
+    EXPECT_EQ(open.slot(1, p).ttt, "adam mann");
+    EXPECT_FALSE(reserve(1, "adam mann"));
+}
+
 TEST_F(ReplacementsTest, OverridesKeepTheFullNameAndAreSavedAtOnce)
 {
     load(1);
