@@ -183,5 +183,22 @@ TEST_F(ForceDrawTest, NoLayoutOrAPlayerGoneFromTheEntriesStopsTheDraw)
     EXPECT_EQ(db->scalar_integer("select count(*) from schedule where eid=1"), 0);
 }
 
+TEST_F(ForceDrawTest, CountriesComeFromTheRegisterWhenTheDrawRefreshesThem)
+{
+    db->run("insert into players (pid, player, sex, country, availabilityrestrictions) values (1, 'cy dee', 'male', "
+            "'FRA', 'late'), (2, 'al bee', 'male', 'GBR/IRL', '')");
+    layout.set_target_size(session, 1, 2, ForceOrder::by_player);
+    ASSERT_TRUE(layout.mirror(session, { 0, 1 }));
+    layout.save(session, 1, false);
+    session.settings().apply_disk_var("refresh_ac_on_do_draw", "1");
+    open_event();
+    ASSERT_TRUE(FORCEDRAW(session, open));
+    EXPECT_EQ(open.slot(1, 1).ttt, "al bee");
+    EXPECT_EQ(open.slot(1, 1).country, ""); // too long for the sheet
+    EXPECT_EQ(open.slot(1, 2).country, "FRA");
+    EXPECT_EQ(open.slot(1, 2).ar, ".");
+    EXPECT_EQ(db->scalar_text("select country from force_draw where player='al bee'"), "GBR/IRL");
+}
+
 } // namespace
 } // namespace qv
