@@ -5,6 +5,7 @@
 #include "core/sports_vocabulary.h"
 #include "core/text_rules.h"
 #include "core/utf8.h"
+#include "core/validators.h"
 #include "drawengine/name_forms.h"
 
 namespace qv {
@@ -213,6 +214,13 @@ bool REP_replace_player_or_team1(
 bool overidenames(Session& session, OpenDraw& open, int position, std::string_view frn, std::string_view tag,
     const DrawSaveHooks& hooks)
 {
+    // A slot whose forms are empty would count as an empty slot.
+    if (!first_round_slot(open, position))
+        return false;
+    for (const auto text : { frn, tag })
+        if (!report(session.talk(), value_required(text))
+            || !report(session.talk(), check_class(text, ValueClass::overidenames)))
+            return false;
     if (!r1_change_allowed(session, open, position, hooks))
         return false;
     Transaction transaction(session.tournament());
@@ -226,7 +234,8 @@ bool overidenames(Session& session, OpenDraw& open, int position, std::string_vi
 
 bool override_seeding(Session& session, OpenDraw& open, int position, std::string_view seed, const DrawSaveHooks& hooks)
 {
-    if (!first_round_slot(open, position) || refuse_played(session, open, position, "seeding"))
+    if (!first_round_slot(open, position) || refuse_played(session, open, position, "seeding")
+        || !report(session.talk(), check_class(seed, ValueClass::alphanumeric)))
         return false;
     if (!leave_draw(session, open, LeaveReason::closingdraws, hooks))
         return false;
@@ -240,7 +249,8 @@ bool override_seeding(Session& session, OpenDraw& open, int position, std::strin
 bool overidecountry_singles(
     Session& session, OpenDraw& open, int position, std::string_view country, const DrawSaveHooks& hooks)
 {
-    if (!first_round_slot(open, position) || refuse_played(session, open, position, "country"))
+    if (!first_round_slot(open, position) || refuse_played(session, open, position, "country")
+        || !report(session.talk(), check_class(country, ValueClass::country)))
         return false;
     if (!leave_draw(session, open, LeaveReason::closingdraws, hooks))
         return false;
@@ -269,7 +279,9 @@ bool overidecountry_doubles(Session& session, OpenDraw& open, int position, std:
     case R1Kind::player:
         break;
     }
-    if (refuse_played(session, open, position, "country"))
+    if (refuse_played(session, open, position, "country")
+        || !report(session.talk(), check_class(first, ValueClass::country))
+        || !report(session.talk(), check_class(second, ValueClass::country)))
         return false;
     if (!leave_draw(session, open, LeaveReason::closingdraws, hooks))
         return false;

@@ -191,6 +191,12 @@ TEST_F(ReplacementsTest, OverridesKeepTheFullNameAndAreSavedAtOnce)
     EXPECT_EQ(db->scalar_text(std::string("select ") + frn_column + " from schedule where eid=1 and (mt=? or mb=?)",
                   "1." + std::to_string(p), "1." + std::to_string(p)),
         "E. Mann-Override-T");
+    EXPECT_FALSE(overidenames(session, open, p, "E. Mann", "  ", hooks));
+    EXPECT_EQ(talk.last_message(), "value required");
+    EXPECT_EQ(open.slot(1, p).tag, "Emil M.");
+    talk.clear();
+    EXPECT_FALSE(overidecountry_singles(session, open, p, "N^Z", hooks));
+    EXPECT_EQ(talk.messages().size(), 1u);
     ASSERT_TRUE(override_seeding(session, open, p, "7", hooks));
     ASSERT_TRUE(overidecountry_singles(session, open, p, "GER", hooks));
     BF_load_draw(session, open, 1, hooks);
