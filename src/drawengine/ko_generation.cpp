@@ -16,39 +16,6 @@ namespace qv {
 
 namespace {
 
-struct EntryMarks
-{
-    std::string country;
-    std::string ar;
-};
-
-// The country and ar marks of one entry from the register: for a pair the two codes joined by "/", and one
-// "." for each person with availability restrictions.
-EntryMarks register_marks(Database& tournament, const std::string& player)
-{
-    std::vector<std::string> names;
-    if (player.find('/') != std::string::npos) {
-        auto pair = split_pair(player);
-        names = { std::move(pair.left), std::move(pair.right) };
-    } else {
-        names = { trim(player) };
-    }
-    EntryMarks marks;
-    for (std::size_t n = 0; n < names.size(); ++n) {
-        auto person = tournament.query(
-            "select country, availabilityrestrictions from players where player = ? order by rowid limit 1", names[n]);
-        const bool found = person.step();
-        if (n > 0)
-            marks.country += "/";
-        if (found) {
-            marks.country += person.text(0);
-            if (!is_empty(person.text(1)))
-                marks.ar += ".";
-        }
-    }
-    return marks;
-}
-
 // The entries of the event that take part, in the table's order.
 std::vector<DrawEntry> read_draw_entries(Database& tournament, std::int64_t eid)
 {
@@ -79,6 +46,31 @@ private:
 };
 
 } // namespace
+
+EntryMarks register_marks(Database& tournament, const std::string& player)
+{
+    std::vector<std::string> names;
+    if (player.find('/') != std::string::npos) {
+        auto pair = split_pair(player);
+        names = { std::move(pair.left), std::move(pair.right) };
+    } else {
+        names = { trim(player) };
+    }
+    EntryMarks marks;
+    for (std::size_t n = 0; n < names.size(); ++n) {
+        auto person = tournament.query(
+            "select country, availabilityrestrictions from players where player = ? order by rowid limit 1", names[n]);
+        const bool found = person.step();
+        if (n > 0)
+            marks.country += "/";
+        if (found) {
+            marks.country += person.text(0);
+            if (!is_empty(person.text(1)))
+                marks.ar += ".";
+        }
+    }
+    return marks;
+}
 
 int get_random(DrawRandom& random, bool flag)
 {

@@ -32,6 +32,15 @@ int get_random(DrawRandom& random, bool flag);
 void KO_do_draw_jumble1(std::vector<std::string>& hold, std::vector<std::string>& hold2, DrawRandom& random);
 void KO_do_draw_jumble2(std::vector<std::string>& hold, std::vector<std::string>& hold2, DrawRandom& random);
 
+// The country and ar marks of one entry from the register: for a pair the two codes joined by "/", and one
+// "." for each person with availability restrictions.
+struct EntryMarks
+{
+    std::string country;
+    std::string ar;
+};
+EntryMarks register_marks(Database& tournament, const std::string& player);
+
 // Fills each entry's country ("a/b" for a pair) and ar marks ("", "." or "..") from the players' register.
 void pull_ar_countries(Database& tournament, std::int64_t eid);
 // The same, answering each entry's new country and ar marks in the order of the entries that are no reserve.

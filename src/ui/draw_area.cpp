@@ -1,19 +1,28 @@
 #include "ui/draw_area.h"
 
 #include "core/session.h"
+#include "drawengine/force_draw.h"
 #include "drawengine/ko_progression.h"
+#include "drawengine/ko_row_values.h"
+#include "drawengine/name_forms.h"
+#include "drawengine/replacements.h"
 #include "drawengine/rr_saving.h"
 #include "drawengine/rr_scoring.h"
 #include "entries/filters.h"
 #include "scheduling/result_places.h"
 #include "ui/drawconfig_window.h"
 #include "ui/events_filter_window.h"
+#include "ui/force_draw_window.h"
 #include "ui/id_lists.h"
 #include "ui/qt_text.h"
+#include "ui/replacement_windows.h"
 #include "ui/rr_draw_view.h"
+#include "ui/window_behaviour.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QCursor>
+#include <QFontMetricsF>
 #include <QGraphicsPathItem>
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
@@ -22,6 +31,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -136,8 +146,16 @@ void DrawSlotItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWi
         QFont font = painter->font();
         font.setBold(winner_line);
         painter->setFont(font);
-        const QRectF text_rect = name_rect().adjusted(3, 0, -3, -2);
-        const QString text = painter->fontMetrics().elidedText(m_text, Qt::ElideRight, int(text_rect.width()));
+        QRectF text_rect = name_rect().adjusted(3, 0, -3, -2);
+        QString line = m_text;
+        // In round 1 the country stands at the right end of the line, a field of its own that a click overrides.
+        if (const auto* draw = m_view.draw(); m_level == 1 && draw && !draw->slot(1, m_position).country.empty()) {
+            const QString country = qs("(" + draw->slot(1, m_position).country + ")");
+            painter->drawText(text_rect, Qt::AlignRight | Qt::AlignBottom, country);
+            text_rect.setRight(text_rect.right() - painter->fontMetrics().horizontalAdvance(country) - 4);
+            line.chop(country.size() + 1);
+        }
+        const QString text = painter->fontMetrics().elidedText(line, Qt::ElideRight, int(text_rect.width()));
         painter->drawText(text_rect, Qt::AlignLeft | Qt::AlignBottom, text);
     }
     if (has_score_box()) {
@@ -161,10 +179,30 @@ void DrawSlotItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
         m_view.edit_score(m_level, m_position);
         return;
     }
-    if (event->button() == Qt::LeftButton)
+    if (event->button() == Qt::LeftButton) {
+        if (const auto field = field_at(event->pos().x())) {
+            m_view.field_clicked(m_position, *field);
+            return;
+        }
         m_view.clicked(m_level, m_position, left_button);
-    else if (event->button() == Qt::RightButton)
+    } else if (event->button() == Qt::RightButton)
         m_view.clicked(m_level, m_position, right_button);
+}
+
+std::optional<SlotField> DrawSlotItem::field_at(qreal x) const
+{
+    const auto* draw = m_view.draw();
+    if (m_level != 1 || !draw || m_empty)
+        return std::nullopt;
+    // The seed opens the line 3 in from the item's left edge; the country ends it 3 in from the right.
+    const auto& slot = draw->slot(m_level, m_position);
+    const QFontMetricsF metrics(scene() ? scene()->font() : QFont());
+    const qreal at = x - 3;
+    if (!slot.seed.empty() && at >= 0 && at < metrics.horizontalAdvance(qs("(" + slot.seed + ")")))
+        return SlotField::seed;
+    if (!slot.country.empty() && x >= m_width - 3 - metrics.horizontalAdvance(qs("(" + slot.country + ")")))
+        return SlotField::country;
+    return std::nullopt;
 }
 
 DrawView::DrawView(QWidget* parent)
@@ -280,6 +318,12 @@ void DrawView::clicked(int level, int position, int button)
         m_on_click(level, position, button);
 }
 
+void DrawView::field_clicked(int position, SlotField field)
+{
+    if (m_on_field)
+        m_on_field(position, field);
+}
+
 void DrawView::edit_score(int level, int position)
 {
     auto* item = slot_item(level, position);
@@ -341,7 +385,7 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     left->addWidget(m_events, 1);
     left->addWidget(m_filter_tag);
     for (const char* caption : { "do draw", "save draw", "rollback to last save", "byes thru", "do all draws",
-             "delete draw", "draw config" }) {
+             "delete draw", "draw config", "force draw config", "force draw" }) {
         auto* button = new QPushButton(QString::fromLatin1(caption), this);
         button->setAutoDefault(false);
         left->addWidget(button);
@@ -383,8 +427,15 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     m_hooks.RR_copy_over = [this](OpenDraw& open) { qv::RR_copy_over(m_session.tournament(), open.draw.curr_eid); };
     m_hooks.RR_loadroundsdata
         = [this](OpenDraw& open) { qv::RR_loadroundsdata(m_session.tournament(), open.draw, m_rr); };
+    m_hooks.force_draw_fix_players
+        = [this](OpenDraw& open) { qv::force_draw_fix_players(m_session.tournament(), open.draw.curr_eid); };
     m_view->set_handlers([this](int level, int position, int button) { click_slot(level, position, button); },
         [this](int level, int position, const QString& text) { set_score(level, position, text); });
+    m_view->set_field_handler([this](int position, SlotField field) { field_click(position, field); });
+    connect(this, &DrawArea::firstRoundMenuRequested, this, [this](int position) {
+        if (auto* menu = first_round_menu(position))
+            menu->popup(QCursor::pos());
+    });
 
     connect(m_events, &QListWidget::itemClicked, this, &DrawArea::event_clicked);
     connect(m_events, &QListWidget::itemActivated, this, &DrawArea::event_clicked);
@@ -395,6 +446,9 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     connect(button(QStringLiteral("do all draws")), &QPushButton::clicked, this, &DrawArea::do_all_draws);
     connect(button(QStringLiteral("delete draw")), &QPushButton::clicked, this, &DrawArea::delete_draw);
     connect(button(QStringLiteral("draw config")), &QPushButton::clicked, this, &DrawArea::open_drawconfig);
+    connect(
+        button(QStringLiteral("force draw config")), &QPushButton::clicked, this, &DrawArea::open_force_draw_config);
+    connect(button(QStringLiteral("force draw")), &QPushButton::clicked, this, &DrawArea::force_draw);
     connect(m_save_as_u_go, &QCheckBox::toggled, this,
         [this](bool on) { setting_toggled(m_save_as_u_go, "draw.isaveasugo", on); });
     connect(m_save_no_prompt, &QCheckBox::toggled, this,
@@ -633,6 +687,27 @@ void DrawArea::do_all_draws()
     reload_events();
 }
 
+ForceDrawWindow* DrawArea::open_force_draw_config()
+{
+    if (m_open.draw.curr_eid == 0)
+        return nullptr;
+    auto* window = new ForceDrawWindow(m_session, m_open.draw.curr_eid, m_open.draw.eventname, this);
+    show_over_parent(window);
+    return window;
+}
+
+void DrawArea::force_draw()
+{
+    // As "do draw": the chosen event must be the line selected in the list.
+    const auto* line = m_events->currentItem();
+    if (m_open.draw.curr_eid == 0 || !line || !line->isSelected() || m_events->row(line) == 0
+        || line->data(Qt::UserRole).toLongLong() != m_open.draw.curr_eid)
+        return;
+    FORCEDRAW(m_session, m_open, draw_hooks());
+    show_draw();
+    reload_events();
+}
+
 void DrawArea::delete_draw()
 {
     if (!RR_KO_delete_draw(m_session, m_open))
@@ -682,6 +757,108 @@ void DrawArea::click_slot(int level, int position, int button)
     else
         results_changed(changed_matches(m_open, level, position));
     show_draw();
+}
+
+QMenu* DrawArea::first_round_menu(int position)
+{
+    const auto lines = r1_rmc(m_open, position);
+    if (!m_open.draw.on_screen || lines.empty())
+        return nullptr;
+    auto* menu = new QMenu(this);
+    menu->setObjectName(QStringLiteral("r1_rmc"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const auto& line : lines) {
+        const auto caption = qs(line);
+        // The choice runs once the menu has closed, so that its windows and questions stand on their own.
+        menu->addAction(caption, this, [this, position, caption] {
+            QMetaObject::invokeMethod(
+                this, [this, position, caption] { r1_choice(position, caption); }, Qt::QueuedConnection);
+        });
+    }
+    return menu;
+}
+
+void DrawArea::r1_choice(int position, const QString& line)
+{
+    if (!m_open.draw.on_screen || !m_open.has_slot(1, position))
+        return;
+    const auto word = to_std(line);
+    if (word == "set as bye" || word == "set as wildcard" || word == "set as qualifier") {
+        set_as_bye(m_session, m_open, position, word.substr(7), m_hooks);
+    } else if (word == "replace") {
+        if (!r1_change_allowed(m_session, m_open, position, m_hooks))
+            return show_draw();
+        auto* window = new ReplacementsWindow(
+            m_open.slot(1, position).ttt, event_reserves(m_session.tournament(), m_open.draw.curr_eid),
+            [this, position](const std::string& name) {
+                const bool done = REP_replace_player_or_team1(m_session, m_open, name, position, m_hooks);
+                show_draw();
+                return done;
+            },
+            this);
+        open_r1_window(window);
+    } else if (word == "overide name") {
+        if (!r1_change_allowed(m_session, m_open, position, m_hooks))
+            return show_draw();
+        const auto& slot = m_open.slot(1, position);
+        auto* window = new SlotFieldsWindow(
+            "overide_names", "overide names", slot.ttt,
+            { { "first round name", slot.frn, int(frn_limit) }, { "sub round name", slot.tag, int(tag_limit) } },
+            [this, position](const std::vector<std::string>& values) {
+                const bool done = overidenames(m_session, m_open, position, values[0], values[1], m_hooks);
+                show_draw();
+                return done;
+            },
+            this);
+        open_r1_window(window);
+    }
+    show_draw();
+}
+
+void DrawArea::field_click(int position, SlotField field)
+{
+    if (!m_open.draw.on_screen || !m_open.has_slot(1, position))
+        return;
+    const auto& slot = m_open.slot(1, position);
+    auto done = [this](bool changed) {
+        show_draw();
+        return changed;
+    };
+    QDialog* window = nullptr;
+    if (field == SlotField::seed) {
+        window = new SlotFieldsWindow(
+            "override_seeding", "override seeding", slot.ttt, { { "seed", slot.seed, 3 } },
+            [this, position, done](const std::vector<std::string>& values) {
+                return done(override_seeding(m_session, m_open, position, values[0], m_hooks));
+            },
+            this);
+    } else if (m_open.draw.singdobs != "doubles") {
+        window = new SlotFieldsWindow(
+            "overidecountry_singles", "overide country", slot.ttt, { { "country", slot.country, 3 } },
+            [this, position, done](const std::vector<std::string>& values) {
+                return done(overidecountry_singles(m_session, m_open, position, values[0], m_hooks));
+            },
+            this);
+    } else {
+        const auto people = split_people(slot.ttt);
+        const auto auto_codes = split_people(slot.country);
+        window = new SlotFieldsWindow(
+            "overidecountry_doubles", "overide country", slot.ttt,
+            { { people.first, auto_codes.first, 3 }, { people.second, auto_codes.second, 3 } },
+            [this, position, done](const std::vector<std::string>& values) {
+                return done(overidecountry_doubles(m_session, m_open, position, values[0], values[1], m_hooks));
+            },
+            this);
+    }
+    open_r1_window(window);
+}
+
+void DrawArea::open_r1_window(QDialog* window)
+{
+    if (m_r1_window)
+        m_r1_window->close();
+    m_r1_window = window;
+    show_over_parent(window);
 }
 
 void DrawArea::set_score(int level, int position, const QString& text)

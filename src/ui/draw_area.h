@@ -14,21 +14,25 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 class QCheckBox;
+class QDialog;
 class QGraphicsPathItem;
 class QLabel;
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
+class QMenu;
 class QPushButton;
 class QStackedWidget;
 
 namespace qv {
 
 class DrawConfigWindow;
+class ForceDrawWindow;
 class DrawView;
 class RrDrawView;
 class Session;
@@ -39,6 +43,9 @@ std::string draw_area_hint(bool event_chosen);
 // The line a slot shows: the seed in brackets, the name on show and the country in brackets,
 // "(1) bob jones (ENG)"; empty for an empty slot.
 std::string slot_line(const OpenDraw& draw, int level, int position);
+
+// The parts of a first-round line that a left click overrides rather than sends on.
+enum class SlotField { seed, country };
 
 // One slot of the tree: its name line and, from level 2 on, the score box of the match whose winner it holds.
 class DrawSlotItem : public QGraphicsItem
@@ -65,6 +72,9 @@ protected:
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
 
 private:
+    // The seed or the country of a first-round line under the x of a click, if either is there.
+    std::optional<SlotField> field_at(qreal x) const;
+
     DrawView& m_view;
     int m_level;
     int m_position;
@@ -84,10 +94,12 @@ class DrawView : public QGraphicsView
 public:
     using Click = std::function<void(int level, int position, int button)>;
     using Score = std::function<void(int level, int position, const QString& text)>;
+    using FieldClick = std::function<void(int position, SlotField field)>;
 
     explicit DrawView(QWidget* parent = nullptr);
 
     void set_handlers(Click on_click, Score on_score);
+    void set_field_handler(FieldClick on_field) { m_on_field = std::move(on_field); }
     // Builds the items for the draw's tree, or only refreshes their texts when the tree has the same shape.
     void show_draw(const OpenDraw& draw);
     void refresh();
@@ -102,6 +114,7 @@ public:
     void edit_score(int level, int position);
 
     void clicked(int level, int position, int button);
+    void field_clicked(int position, SlotField field);
 
 protected:
     // Escape in the score editor drops the typed text.
@@ -119,6 +132,7 @@ private:
     SlotAddress m_editing;
     Click m_on_click;
     Score m_on_score;
+    FieldClick m_on_field;
 };
 
 // The draw area: the list of events (filtered by draw_events_filter), the open draw of the chosen event and the
@@ -188,15 +202,28 @@ public slots:
     void do_all_draws();
     void delete_draw();
     DrawConfigWindow* open_drawconfig();
+    // "force draw config": the hand-made layout of the chosen event.
+    ForceDrawWindow* open_force_draw_config();
+    // "force draw": the chosen event's layout becomes its open draw.
+    void force_draw();
     QWidget* set_filter();
     // A click on a name: left sends the player on, right takes a later round's name back.
     void click_slot(int level, int position, int button);
+    // The first-round menu of the slot, popped up where the pointer is; its lines run r1_choice.
+    QMenu* first_round_menu(int position);
+    // One line of the first-round menu; a line that needs more opens its window (r1_window).
+    void r1_choice(int position, const QString& line);
+    // A click on a first-round seed or country: the window that overrides it.
+    void field_click(int position, SlotField field);
+    // The replacement or override window opened last, while it is open.
+    QDialog* r1_window() const { return m_r1_window; }
     // A score typed in the box of the slot (level 2 on): the box of the match whose winner the slot holds.
     void set_score(int level, int position, const QString& text);
 
 private:
     void event_clicked(QListWidgetItem* item);
     void select_event_line(std::int64_t eid);
+    void open_r1_window(QDialog* window);
     // The save button's look from the rows of the event, after the draw was read or written.
     void recount_changes();
     void show_draw();
@@ -225,6 +252,7 @@ private:
     QCheckBox* m_save_no_prompt;
     QPushButton* m_save;
     QPointer<DrawConfigWindow> m_drawconfig;
+    QPointer<QDialog> m_r1_window;
 };
 
 } // namespace qv

@@ -205,6 +205,13 @@ void TournamentArea::load_entries()
 {
     m_entries->clear();
     const auto* event = m_events->currentItem();
+    // "resolve doubles" is offered for a doubles event only.
+    const bool doubles = event && m_session.has_tournament()
+        && m_session.tournament().scalar_text(
+               "select singdobs from events where eid=?", event->data(id_role).toLongLong())
+            == "doubles";
+    for (auto* line : m_event_ops->findItems(QStringLiteral("resolve doubles"), Qt::MatchExactly))
+        line->setHidden(!doubles);
     if (!event || !m_session.has_tournament())
         return;
     fill(m_entries, load_event_entries(m_session.tournament(), event->data(id_role).toLongLong(), m_entry_list));

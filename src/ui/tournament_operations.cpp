@@ -9,6 +9,7 @@
 #include "ui/players_import_export_window.h"
 #include "ui/players_windows.h"
 #include "ui/qt_text.h"
+#include "ui/resolve_doubles_window.h"
 #include "ui/seeding_patterns_window.h"
 #include "ui/setdatescourts_window.h"
 #include "ui/tournament_area.h"
@@ -106,6 +107,10 @@ void register_players(TournamentArea& area, Session& session)
         [&session, parent] { show_window(open_add_to_event(session, parent)); });
     area.add_operation(OperationList::players, QStringLiteral("search"),
         [&area, &session] { search_operation(session, area.players()); });
+    area.add_operation(OperationList::selected_event, QStringLiteral("resolve doubles"), [&area, &session, parent] {
+        if (event_chosen(area, session))
+            open_resolve_doubles(session, area.selected_event(), parent);
+    });
     area.add_operation(OperationList::selected_event, QStringLiteral("search"),
         [&area, &session] { search_operation(session, area.entries()); });
 }

@@ -113,5 +113,26 @@ TEST_F(TournamentOperationsTest, ShowDrawOpensTheSelectedEventInTheDrawArea)
     EXPECT_EQ(window.draw_area()->open_draw().draw.curr_eid, 1);
 }
 
+TEST_F(TournamentOperationsTest, ResolveDoublesIsOfferedForADoublesEventOnly)
+{
+    window.session().tournament().run(R"(insert into events (eid, eventname, sex, singdobs, pte, drawtype) values
+        (3, 'mixed doubles', 'mixed', 'doubles', 'p', 'ko'))");
+    area().refresh();
+    auto* lines = area().operations(OperationList::selected_event);
+    const auto resolve_line = lines->findItems(QStringLiteral("resolve doubles"), Qt::MatchExactly).front();
+    for (int row = 0; row < area().events()->count(); ++row) {
+        area().events()->setCurrentRow(row);
+        const bool doubles = area().events()->item(row)->text().contains(QStringLiteral("doubles"));
+        EXPECT_EQ(resolve_line->isHidden(), !doubles) << row;
+        if (doubles) {
+            test::click_operation(area(), OperationList::selected_event, "resolve doubles");
+            auto* opened_window = opened(window, "resolve_doubles");
+            ASSERT_NE(opened_window, nullptr);
+            EXPECT_EQ(opened_window->windowTitle(), QStringLiteral("resolve doubles: mixed doubles"));
+            opened_window->close();
+        }
+    }
+}
+
 } // namespace
 } // namespace qv
