@@ -75,6 +75,8 @@ TEST_F(DoublesForceReplaceTest, RawRowsBecomeAForcedDrawAndAReserveReplacesAWith
     EXPECT_EQ(resolve.right_col()->item(1)->foreground().color(), QColor(Qt::blue));
     EXPECT_EQ(resolve.right_col()->item(1)->background().color(), QColor(Qt::white)); // hal b stays free
     EXPECT_EQ(resolve.totals()->text(), QStringLiteral("7 teams resolved, 8 raw entries, 1 of 16 players free"));
+    resolve.show();
+    resolve.grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/resolve_doubles.png"));
     resolve.run_action(QStringLiteral("toggle"));
     EXPECT_TRUE(resolve.showing_resolved());
 
@@ -94,6 +96,8 @@ TEST_F(DoublesForceReplaceTest, RawRowsBecomeAForcedDrawAndAReserveReplacesAWith
     EXPECT_EQ(layout->positions()->item(0)->text(), QStringLiteral("(1)[s1]ada a/al b"));
     layout->save();
     EXPECT_EQ(talk.last_message(), "ok");
+    layout->show();
+    layout->grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/force_draw_new.png"));
     layout->close();
 
     area.button(QStringLiteral("force draw"))->click();
@@ -118,6 +122,7 @@ TEST_F(DoublesForceReplaceTest, RawRowsBecomeAForcedDrawAndAReserveReplacesAWith
     auto* replacements = qobject_cast<ReplacementsWindow*>(area.r1_window());
     ASSERT_NE(replacements, nullptr);
     EXPECT_EQ(test::lines_of(replacements->reserves()), QStringList({ "gwen a/guy b" }));
+    replacements->grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/replacements.png"));
     replacements->accept_button()->click();
     EXPECT_EQ(area.open_draw().slot(1, position).ttt, "gwen a/guy b");
     EXPECT_EQ(db->scalar_text("select player from evententries where eid=1 and reserve<>0"), "bea a/ben b");
