@@ -1,12 +1,6 @@
-#include "core/session.h"
 #include "entries/add_to_event.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <fstream>
-#include <gtest/gtest.h>
-#include <sstream>
+#include "support/file_bytes.h"
+#include "support/session_fixture.h"
 
 namespace qv {
 namespace {
@@ -169,42 +163,15 @@ constexpr const char* events_sql = R"(
         (8, 'Red Team', 'Red Team', '', '', 0, '', '', '', '');
 )";
 
-std::vector<std::string> read_lines(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream out;
-    out << in.rdbuf();
-    const auto text = out.str();
-    std::vector<std::string> lines;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const auto end = text.find("\r\n", start);
-        lines.push_back(text.substr(start, end - start));
-        if (end == std::string::npos)
-            break;
-        start = end + 2;
-    }
-    return lines;
-}
-
-class AddToEventTest : public ::testing::Test
+class AddToEventTest : public test::SessionFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-
     void SetUp() override
     {
-        session.boot_start_app(dir.new_tournament().string());
-        ASSERT_TRUE(session.has_tournament());
+        open_new_tournament();
         db().exec_script(events_sql);
-        talk.clear();
-        host.calls.clear();
     }
 
-    Database& db() { return session.tournament(); }
     EventData event(std::int64_t eid) { return get_data(db(), eid).value(); }
 
     // One batch without the report: what it wrote and said.
@@ -439,10 +406,10 @@ TEST_F(AddToEventTest, TheBatchReportsAndWritesTheFeedbackFile)
     const auto file = session.dirs().working / "temp.txt";
     EXPECT_EQ(talk.said.back().kind, "text");
     EXPECT_EQ(talk.said.back().text, file.string());
-    EXPECT_EQ(read_lines(file),
+    EXPECT_EQ(test::read_crlf_lines(file),
         (std::vector<std::string> {
             "Di Fox to mens singles:sexes dont match", "Al West already entered into mens singles" }));
-    EXPECT_EQ(host.count("refresh " + std::to_string(int(Lists::entries))), 1);
+    EXPECT_EQ(refreshes(Lists::entries), 1);
 
     // Only errors, and "No" leaves the file unshown.
     talk.clear();
@@ -458,7 +425,7 @@ TEST_F(AddToEventTest, TheBatchReportsAndWritesTheFeedbackFile)
     EXPECT_EQ(talk.said.back().kind, "message");
     EXPECT_EQ(talk.said.back().text, "all players added,2 in total");
     EXPECT_EQ(talk.said.back().title, "add to event errors");
-    EXPECT_TRUE(read_lines(file).empty());
+    EXPECT_TRUE(test::read_crlf_lines(file).empty());
     EXPECT_EQ(entries(1), "Al West:0;Bo Dee:0;Cy Hill:0;Gil Ash:0");
 }
 

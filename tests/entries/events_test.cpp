@@ -1,14 +1,7 @@
-#include "core/codepage.h"
-#include "core/session.h"
 #include "core/utf8.h"
 #include "entries/events.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <fstream>
-#include <gtest/gtest.h>
-#include <sstream>
+#include "support/file_bytes.h"
+#include "support/session_fixture.h"
 
 namespace qv {
 namespace {
@@ -17,13 +10,7 @@ namespace fs = std::filesystem;
 
 const EventRecord mens_singles { "mens singles", "10", "singles", "male", "p" };
 
-std::string read_file(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream out;
-    out << in.rdbuf();
-    return out.str();
-}
+using test::read_bytes;
 
 // ---- The checks, without a session ----
 
@@ -134,22 +121,9 @@ TEST(EventSearch, FindsTheNextLineCaseBlindWrappingRound)
 
 // ---- Operations on a tournament ----
 
-class EventsTest : public ::testing::Test
+class EventsTest : public test::TournamentFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-
-    void SetUp() override
-    {
-        session.boot_start_app(dir.new_tournament().string());
-        ASSERT_TRUE(session.has_tournament());
-        host.calls.clear();
-    }
-
-    Database& db() { return session.tournament(); }
     fs::path working(const char* name) { return session.dirs().working / name; }
     std::string column(const char* sql, std::int64_t eid) { return db().scalar_text(sql, eid); }
 
@@ -279,7 +253,7 @@ TEST_F(EventsTest, AddTakesNextIdAndDrawKindThenRefreshesAndBeeps)
         EXPECT_EQ(row.text("pte"), "t");
     }
     EXPECT_EQ(db().scalar_integer("select max(eid) from events"), 6);
-    EXPECT_EQ(host.count("refresh " + std::to_string(int(Lists::events))), 3);
+    EXPECT_EQ(refreshes(Lists::events), 3);
     EXPECT_EQ(talk.said.back().kind, "beep");
 
     session.settings().set_disk_var("events_beep_ok", "0");
@@ -299,7 +273,7 @@ TEST_F(EventsTest, NameCheckOnSaveStopsAndShowsTheFile)
     EXPECT_EQ(talk.said[0].kind, "text");
     EXPECT_EQ(talk.said[0].title, "event error check");
     EXPECT_EQ(fs::path(talk.said[0].text), working("temp.txt"));
-    EXPECT_EQ(read_file(working("temp.txt")),
+    EXPECT_EQ(read_bytes(working("temp.txt")),
         "(4)womens open,event is male event but contains word 'women'\r\n"
         "(4)womens open,event is male event but contains word 'womens'\r\n");
 
@@ -319,13 +293,13 @@ TEST_F(EventsTest, CheckErrorsListsEveryEventOrSaysNone)
     db().exec_script(R"(insert into events (eid, eventname, sex, singdobs) values
         (1, 'girls singles', 'female', 'singles'), (2, 'Open Doubles', 'neutral', 'doubles'))");
     EXPECT_FALSE(check_errors(session));
-    EXPECT_EQ(read_file(working("temp.txt")), "no errors found\r\n");
+    EXPECT_EQ(read_bytes(working("temp.txt")), "no errors found\r\n");
     EXPECT_EQ(talk.said.back().title, "event error check");
 
     db().run("update events set eventname='ladies \u00bf', sex='male' where eid=1");
     db().run("update events set singdobs='singles' where eid=2");
     EXPECT_TRUE(check_errors(session));
-    EXPECT_EQ(read_file(working("temp.txt")),
+    EXPECT_EQ(read_bytes(working("temp.txt")),
         to_cp1252("(1)ladies \u00bf,event is male event but contains word 'ladies'\r\n")
             + "(2)open doubles,event is singles event but contains word 'doubles'\r\n")
         << "Windows-1252 file";
@@ -340,7 +314,7 @@ TEST_F(EventsTest, RenameIsCarriedIntoEntriesRawEntriesAndTheDraw)
     EXPECT_EQ(db().scalar_integer("select count(*) from evententries where en='Open Singles' and eid=?", 1), 2);
     EXPECT_EQ(db().scalar_integer("select count(*) from schedule where eventname='Open Singles'"), 2);
     EXPECT_EQ(column("select eventname from schedule where sid=?", 3), "mixed doubles");
-    EXPECT_EQ(host.count("refresh " + std::to_string(int(Lists::draw))), 1);
+    EXPECT_EQ(refreshes(Lists::draw), 1);
     EXPECT_TRUE(talk.messages().empty()) << "fee unchanged";
 
     ASSERT_EQ(save_event(session, 2, { "Mixed Pairs", "5", "doubles", "mixed", "p" }).outcome, EventSaved::saved);
@@ -404,7 +378,7 @@ TEST_F(EventsTest, DeletingThreeWithOneDrawDeletesTwoAndReportsOne)
     EXPECT_EQ(talk.said[1].title, "delete events errors");
     EXPECT_EQ(talk.said[2].kind, "text");
     EXPECT_EQ(fs::path(talk.said[2].text), working("feedback.txt"));
-    EXPECT_EQ(read_file(working("feedback.txt")),
+    EXPECT_EQ(read_bytes(working("feedback.txt")),
         "cannot delete mens singles,drawdone, delete draw first.\r\n"
         "mixed doubles deleted\r\n"
         "girls singles deleted\r\n");
