@@ -1,25 +1,16 @@
 #include "core/instance_lock.h"
-#include "core/session.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
+#include "support/session_fixture.h"
 
 #include <fstream>
-#include <gtest/gtest.h>
 
 namespace qv {
 namespace {
 
 namespace fs = std::filesystem;
 
-class SessionTest : public ::testing::Test
+class SessionTest : public test::SessionFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-
     std::int64_t count(Database& db, const std::string& table) { return db.row_count(table); }
 
     static std::int64_t freelist_pages(const fs::path& file)

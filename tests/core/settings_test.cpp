@@ -84,7 +84,7 @@ TEST_F(SettingsTest, WritesGoToRowAndMemoryAndApplyTouchesMemoryOnly)
     EXPECT_TRUE(talk.said.empty());
 }
 
-TEST_F(SettingsTest, MissingKeyReadsZeroAndMarksNothing)
+TEST_F(SettingsTest, AMissingRowReadsZeroAndRefusesWrites)
 {
     const auto before = marked_rows();
     EXPECT_EQ(settings.get_disk_var("no.such.key"), "0");
@@ -95,20 +95,14 @@ TEST_F(SettingsTest, MissingKeyReadsZeroAndMarksNothing)
     settings.load_disk_vars();
     EXPECT_EQ(settings.text("app.generic_court"), "0");
     EXPECT_TRUE(talk.said.empty());
-}
 
-TEST_F(SettingsTest, WriteToMissingRowIsReportedAndChangesNothing)
-{
-    settings.load_disk_vars();
     const auto rows = init.row_count("disk_vars");
     settings.set_disk_var("no.such.key", "x");
     EXPECT_EQ(talk.last_message(), "cannot find diskvar no.such.key");
-    EXPECT_EQ(init.row_count("disk_vars"), rows);
-
-    init.run("delete from disk_vars where nm = 'app.generic_court'");
     settings.set_disk_var("app.generic_court", "tee");
     EXPECT_EQ(talk.last_message(), "cannot find diskvar app.generic_court");
-    EXPECT_EQ(settings.text("app.generic_court"), "court");
+    EXPECT_EQ(settings.text("app.generic_court"), "0");
+    EXPECT_EQ(init.row_count("disk_vars"), rows);
     EXPECT_EQ(talk.messages().size(), 2u);
 }
 
