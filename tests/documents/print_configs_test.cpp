@@ -1,22 +1,13 @@
-#include "core/session.h"
 #include "documents/print_configs.h"
 #include "documents/print_setup.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <gtest/gtest.h>
+#include "support/session_fixture.h"
 
 namespace qv {
 namespace {
 
-class PrintConfigsTest : public ::testing::Test
+class PrintConfigsTest : public test::SessionFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
     PrintKind ko32 { "ko", 32 };
 
     void SetUp() override { session.boot_start_app(""); }
