@@ -33,12 +33,9 @@ protected:
     }
 };
 
-TEST(DrawKinds, WordsInOrder)
+TEST(DrawKinds, WordsReadBackAsKinds)
 {
-    const std::vector<std::string_view> words(draw_kind_words().begin(), draw_kind_words().end());
-    EXPECT_EQ(words.size(), 15u);
-    EXPECT_EQ(words[6], "ko-64");
-    EXPECT_EQ(words[7], "ko128");
+    EXPECT_EQ(draw_kind_words().size(), 15u);
     EXPECT_EQ(draw_kind_from_word("ko-64"), (PrintKind { "ko", -64 }));
     EXPECT_EQ(draw_kind_from_word("RR5"), (PrintKind { "rr", 5 }));
     EXPECT_FALSE(draw_kind_from_word("ko3"));

@@ -205,12 +205,9 @@ TEST_F(EventsTest, BadInputChangesNothing)
 {
     fill();
     const auto before = events_dump();
+    // One name per refusal: which characters each refusal takes is the business of the validation table.
     const std::pair<std::string, std::string> cases[] = {
         { "men's", "illegal character" },
-        { "open \"a\"", "illegal character" },
-        { "open (a)", "illegal character" },
-        { "open\u00bf", "illegal character" },
-        { "a^b", "illegal character" },
         { "   ", "value required" },
         { std::string(51, 'm'), "event name must be <= 50 characters in length" },
     };
