@@ -51,15 +51,15 @@ TEST_F(TextDrawTest, KnockOutGolden)
 {
     ko_draw(1, "boys 8", 8, 6, 1);
     // The second match went the other way, without a long score.
-    db->run(
+    db().run(
         R"(update schedule set mwttt=mbttt, mwfrn=mbfrn, mwtag=mbtag, matchlongscore='' where eid=1 and "match"=2)");
-    db->run(R"(update schedule set mbttt='player 4', mbfrn='player 4', mbtag='plr4', mb_country='AUS'
+    db().run(R"(update schedule set mbttt='player 4', mbfrn='player 4', mbtag='plr4', mb_country='AUS'
         where eid=1 and "match"=5)");
     const auto file = dir.path() / "ko.txt";
-    ASSERT_TRUE(text_draw_ko(file, *db, 8, 1, "boys 8", NextRoundPointers::on, TextDrawCountries::on));
+    ASSERT_TRUE(text_draw_ko(file, db(), 8, 1, "boys 8", NextRoundPointers::on, TextDrawCountries::on));
     EXPECT_EQ(read_bytes(file), read_bytes(expected("textdraw_ko8.txt")));
 
-    const auto plain = text_draw_ko_lines(*db, 8, 1, "boys 8", NextRoundPointers::off, TextDrawCountries::off);
+    const auto plain = text_draw_ko_lines(db(), 8, 1, "boys 8", NextRoundPointers::off, TextDrawCountries::off);
     ASSERT_EQ(plain.size(), 12u);
     EXPECT_EQ(plain[3], "1 quaters (1)player 1 def (2)player 2      61 62 63 64~61 (76) 62 63 64    ");
 }
@@ -68,7 +68,7 @@ TEST_F(TextDrawTest, RoundRobinGolden)
 {
     rr_draw(1, "group a", 4, 2, 3);
     const auto file = dir.path() / "rr.txt";
-    ASSERT_TRUE(text_draw_rr(file, *db, 1, "group a"));
+    ASSERT_TRUE(text_draw_rr(file, db(), 1, "group a"));
     EXPECT_EQ(read_bytes(file), read_bytes(expected("textdraw_rr4.txt")));
 }
 

@@ -36,7 +36,7 @@ TEST_F(PaymentsFilesTest, TheListFileHoldsTheLinesTotalsAndCurrency)
     const auto file = dir.path() / "out" / "payments list.txt";
     fs::create_directories(file.parent_path());
     talk.files.push_back({ file });
-    const auto list = loadpayments(*db, {});
+    const auto list = loadpayments(db(), {});
     ASSERT_EQ(save_payments_list(session, list), file);
     EXPECT_EQ(talk.said.front().text, "payments.txt");
     EXPECT_EQ(read_bytes(file), read_bytes(expected("payments.txt")));
@@ -55,8 +55,8 @@ TEST_F(PaymentsFilesTest, TheDetailedFileHoldsEveryPersonOfTheDraws)
 
 TEST_F(PaymentsFilesTest, WithoutACurrencyTheFilesSaySo)
 {
-    db->run("update tournament set currencycode='' where idx=1");
-    const auto lines = payments_list_lines(loadpayments(*db, {}), currency_line(*db));
+    db().run("update tournament set currencycode='' where idx=1");
+    const auto lines = payments_list_lines(loadpayments(db(), {}), currency_line(db()));
     EXPECT_EQ(lines.back(), "currency not specified");
     EXPECT_EQ(lines.front(), "bill\tpaid\tmustpay\tstate\tplayer");
 }
@@ -64,7 +64,7 @@ TEST_F(PaymentsFilesTest, WithoutACurrencyTheFilesSaySo)
 TEST_F(PaymentsFilesTest, ACancelledDialogWritesNothing)
 {
     EXPECT_FALSE(make_payments_file(session, 1));
-    EXPECT_FALSE(save_payments_list(session, loadpayments(*db, {})));
+    EXPECT_FALSE(save_payments_list(session, loadpayments(db(), {})));
 }
 
 } // namespace
