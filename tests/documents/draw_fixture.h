@@ -1,5 +1,6 @@
 #pragma once
 
+#include "documents/picture_layout.h"
 #include "support/gui_app.h"
 #include "support/saved_draws.h"
 #include "support/session_fixture.h"
@@ -33,6 +34,13 @@ protected:
     void rr_draw(std::int64_t eid, const std::string& name, int n, int pts, int played)
     {
         save_rr_draw(session, eid, name, n, pts, played);
+    }
+
+    // The text of one cell of a picture, or "<none>" when the picture has no such cell.
+    static std::string text(const PictureLayout& layout, const std::string& name, int index)
+    {
+        const auto* cell = layout.find(name, index);
+        return cell ? cell->text : "<none>";
     }
 };
 

@@ -26,12 +26,6 @@ protected:
     {
         return makepic1(session, DrawStore::tournament, eid, options);
     }
-
-    static std::string text(const PictureLayout& layout, const std::string& name, int index)
-    {
-        const auto* cell = layout.find(name, index);
-        return cell ? cell->text : "<none>";
-    }
 };
 
 // The canvas of each draw size, in pixels of a 96-dpi picture: 2, 16 and 128 whole, and the two halves of 128.
