@@ -1,4 +1,5 @@
 #include "core/sports_vocabulary.h"
+#include "support/refusal_check.h"
 #include "support/session_fixture.h"
 
 namespace qv {
@@ -26,17 +27,10 @@ TEST_F(SportsTest, EachWordMustBeLowerCaseLettersAndBlanks)
         { 5, "big matches", "", -1 },
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE(c.value);
         auto words = golf();
         (c.field == 0 ? words.court : c.field == 2 ? words.courts : c.field == 4 ? words.m : words.matches) = c.value;
-        const auto refusal = validate_sport_words(words);
-        if (c.message.empty()) {
-            EXPECT_FALSE(refusal) << c.value;
-            continue;
-        }
-        ASSERT_TRUE(refusal) << c.value;
-        EXPECT_EQ(refusal->field, c.field);
-        EXPECT_EQ(refusal->refusal.message, c.message);
-        EXPECT_EQ(refusal->refusal.position, c.position);
+        test::expect_refusal(validate_sport_words(words), c.message, c.field, c.position);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "entries/player_reports.h"
 #include "entries/players.h"
 #include "support/file_bytes.h"
+#include "support/refusal_check.h"
 #include "support/session_fixture.h"
 
 namespace qv {
@@ -101,15 +102,7 @@ TEST_F(PlayersTest, ValidateRefusesInOrderWithTheFieldAndCharacter)
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.record.fname + "|" + c.record.sname + "|" + c.record.team_name + "|" + c.record.country);
-        const auto refusal = validate_player(db(), c.record, c.form);
-        if (c.message.empty()) {
-            EXPECT_FALSE(refusal) << refusal->refusal.message;
-            continue;
-        }
-        ASSERT_TRUE(refusal);
-        EXPECT_EQ(refusal->refusal.message, c.message);
-        EXPECT_EQ(refusal->field, c.field);
-        EXPECT_EQ(refusal->refusal.position, c.position);
+        test::expect_refusal(validate_player(db(), c.record, c.form), c.message, c.field, c.position);
     }
 }
 
