@@ -1,21 +1,12 @@
 #include "core/app_options.h"
-#include "core/session.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <gtest/gtest.h>
+#include "support/session_fixture.h"
 
 namespace qv {
 namespace {
 
-class AppOptionsTest : public ::testing::Test
+class AppOptionsTest : public test::SessionFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
     void SetUp() override { session.boot_start_app(""); }
 
     const NumberOption& number(std::string_view key)

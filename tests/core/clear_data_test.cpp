@@ -1,25 +1,15 @@
 #include "core/clear_data.h"
-#include "core/session.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <gtest/gtest.h>
+#include "support/session_fixture.h"
 
 namespace qv {
 namespace {
 
-class ClearDataTest : public ::testing::Test
+class ClearDataTest : public test::SessionFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-
     void SetUp() override
     {
-        session.boot_start_app(dir.new_tournament().string());
+        open_new_tournament();
         fill();
     }
 

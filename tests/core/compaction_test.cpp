@@ -1,15 +1,11 @@
 #include "core/compaction.h"
 #include "core/database.h"
 #include "core/file_lock.h"
-#include "core/session.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
+#include "support/session_fixture.h"
 
 #include <algorithm>
 #include <fcntl.h>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -82,12 +78,10 @@ TEST(Compaction, ALinkStaysALinkAndTheRealFileIsCompacted)
     EXPECT_TRUE(temp_files(dir.path() / "real").empty()) << "the temporary file lies beside the real file";
 }
 
-TEST(Compaction, ATournamentOpenedThroughALinkKeepsTakingChanges)
+using CompactionOfTheSession = test::SessionFixture;
+
+TEST_F(CompactionOfTheSession, ATournamentOpenedThroughALinkKeepsTakingChanges)
 {
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session(dir.path(), talk, host);
     const auto real = dir.new_tournament("real.qvd");
     const auto link = dir.path() / "link.qvd";
     fs::create_symlink(real, link);
@@ -156,12 +150,8 @@ TEST(Compaction, CopyOfAnOpenDatabaseReplacesTheTargetWhole)
 }
 
 // Names a killed compaction leaves, and names that only look alike.
-TEST(Compaction, StaleTemporaryFilesGoAtBootAndOpenOthersStay)
+TEST_F(CompactionOfTheSession, StaleTemporaryFilesGoAtBootAndOpenOthersStay)
 {
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session(dir.path(), talk, host);
     const auto tournaments = dir.path() / "tournaments";
     fs::create_directories(tournaments);
     const auto file = dir.new_tournament("tournaments/t.qvd");

@@ -1,11 +1,7 @@
-#include "core/session.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
+#include "support/file_bytes.h"
+#include "support/session_fixture.h"
 
 #include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
 #include <random>
 
 namespace qv {
@@ -13,11 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string bytes_of(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return { std::istreambuf_iterator<char>(in), {} };
-}
+using test::read_bytes;
 
 void run_sql(const fs::path& file, const char* sql)
 {
@@ -66,14 +58,7 @@ const std::vector<Broken>& broken_files()
     return cases;
 }
 
-class DamagedFileTest : public ::testing::Test
-{
-protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-};
+using DamagedFileTest = test::SessionFixture;
 
 TEST_F(DamagedFileTest, RefusedWithWhatIsWrongAndLeftByteForByte)
 {
@@ -83,14 +68,14 @@ TEST_F(DamagedFileTest, RefusedWithWhatIsWrongAndLeftByteForByte)
         SCOPED_TRACE(broken.name);
         const auto file = dir.new_tournament(std::string(broken.name) + ".qvd");
         broken.damage(file);
-        const auto before = bytes_of(file);
+        const auto before = read_bytes(file);
         talk.clear();
 
         session.opendb(file.string());
 
         EXPECT_FALSE(session.has_tournament());
         EXPECT_EQ(talk.messages(), std::vector<std::string> { broken.message + file.string() });
-        EXPECT_EQ(bytes_of(file), before);
+        EXPECT_EQ(read_bytes(file), before);
         EXPECT_EQ(session.settings().get_disk_var("app.last_db_opened"), last) << "never the last file";
         EXPECT_EQ(host.count("load_all_forms"), 0);
     }

@@ -1,12 +1,8 @@
 #include "core/file_lock.h"
-#include "core/session.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
+#include "support/session_fixture.h"
 #include "support/unprivileged.h"
 
 #include <csignal>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -16,14 +12,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class FileAccessTest : public ::testing::Test
+class FileAccessTest : public test::SessionFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-
     // What an ordinary user's session says when it opens the file.
     std::string open_as_user(const fs::path& file)
     {

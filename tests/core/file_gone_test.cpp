@@ -1,30 +1,18 @@
-#include "core/session.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
+#include "support/file_bytes.h"
+#include "support/session_fixture.h"
 
 #include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
 
 namespace qv {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string bytes_of(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return { std::istreambuf_iterator<char>(in), {} };
-}
+using test::read_bytes;
 
-class FileGoneTest : public ::testing::Test
+class FileGoneTest : public test::SessionFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
     fs::path file = dir.new_tournament();
     fs::path elsewhere = dir.path() / "elsewhere.qvd";
 
@@ -76,7 +64,7 @@ TEST_F(FileGoneTest, SaveAsPutsTheTournamentSomewhereSafeAndGoesOnThere)
 {
     const auto safe = dir.path() / "safe.qvd";
     fs::rename(file, elsewhere);
-    const auto moved = bytes_of(elsewhere);
+    const auto moved = read_bytes(elsewhere);
     talk.answers.push_back(Answer::Yes);
     talk.files.push_back({ safe });
 
@@ -85,7 +73,7 @@ TEST_F(FileGoneTest, SaveAsPutsTheTournamentSomewhereSafeAndGoesOnThere)
 
     ASSERT_EQ(session.current_file_path(), safe.string());
     EXPECT_EQ(session.tournament().scalar_text("select player from players"), "ann lee");
-    EXPECT_EQ(bytes_of(elsewhere), moved) << "the file that went is left alone";
+    EXPECT_EQ(read_bytes(elsewhere), moved) << "the file that went is left alone";
     session.tournament().run("delete from players");
     session.exit_app();
     EXPECT_TRUE(host.ended);
@@ -129,7 +117,7 @@ TEST_F(FileGoneTest, CloseAndExitAlwaysSucceed)
         }
         fs::remove(elsewhere);
         make_gone(file, elsewhere);
-        const auto left = fs::exists(file) ? bytes_of(file) : std::string();
+        const auto left = fs::exists(file) ? read_bytes(file) : std::string();
         talk.clear();
 
         talk.answers.push_back(Answer::Cancel);
@@ -141,7 +129,7 @@ TEST_F(FileGoneTest, CloseAndExitAlwaysSucceed)
         EXPECT_FALSE(session.has_tournament());
         ASSERT_EQ(talk.said.size(), 2u);
         EXPECT_EQ(talk.said[1].text, gone_words() + ",save the tournament as a new file before closing?");
-        EXPECT_EQ(fs::exists(file) ? bytes_of(file) : std::string(), left) << "nothing written where it was";
+        EXPECT_EQ(fs::exists(file) ? read_bytes(file) : std::string(), left) << "nothing written where it was";
     }
 
     // Saved back where it was before the exit.

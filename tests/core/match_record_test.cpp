@@ -65,18 +65,14 @@ const char* const one_event_expected[] = { "0", "0", "0", "1", "2", "2.1", "3", 
 
 TEST_F(MatchRecordTest, StatesFollowTheNamesForOneEventAndForAll)
 {
-    for (const auto& r : one_event)
-        insert(r);
-    recompute_match_states(tournament, 1);
-    for (std::size_t i = 0; i < std::size(one_event); ++i)
-        EXPECT_EQ(state(one_event[i].sid), one_event_expected[i]) << "sid " << one_event[i].sid;
-
-    tournament.run("delete from schedule");
-    for (const auto& r : one_event)
-        insert(r);
-    recompute_all_match_states(tournament);
-    for (std::size_t i = 0; i < std::size(one_event); ++i)
-        EXPECT_EQ(state(one_event[i].sid), one_event_expected[i]) << "sid " << one_event[i].sid;
+    for (const bool all : { false, true }) {
+        tournament.run("delete from schedule");
+        for (const auto& r : one_event)
+            insert(r);
+        all ? recompute_all_match_states(tournament) : recompute_match_states(tournament, 1);
+        for (std::size_t i = 0; i < std::size(one_event); ++i)
+            EXPECT_EQ(state(one_event[i].sid), one_event_expected[i]) << "sid " << one_event[i].sid << " all " << all;
+    }
 }
 
 TEST_F(MatchRecordTest, UnfinishedMatchGetsAWinnerAndLosesIt)

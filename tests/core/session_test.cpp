@@ -1,27 +1,16 @@
 #include "core/instance_lock.h"
-#include "core/session.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
+#include "support/session_fixture.h"
 
 #include <fstream>
-#include <gtest/gtest.h>
 
 namespace qv {
 namespace {
 
 namespace fs = std::filesystem;
 
-class SessionTest : public ::testing::Test
+class SessionTest : public test::SessionFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-
-    std::int64_t count(Database& db, const std::string& table) { return db.row_count(table); }
-
     static std::int64_t freelist_pages(const fs::path& file)
     {
         Database db(file);
@@ -51,11 +40,11 @@ TEST_F(SessionTest, BootOpensFileEmptiesScratchAddsStubAndCleansWorking)
     ASSERT_TRUE(session.has_tournament());
     EXPECT_EQ(session.current_file_path(), file.string());
     EXPECT_EQ(session.current_file_name(), "t.qvd");
-    EXPECT_EQ(count(session.tournament(), "alist"), 0);
-    EXPECT_EQ(count(session.tournament(), "draw_stage2"), 0);
-    EXPECT_EQ(count(session.tournament(), "folders"), 1) << "folders are not scratch";
+    EXPECT_EQ(session.tournament().row_count("alist"), 0);
+    EXPECT_EQ(session.tournament().row_count("draw_stage2"), 0);
+    EXPECT_EQ(session.tournament().row_count("folders"), 1) << "folders are not scratch";
     EXPECT_EQ(session.tournament().scalar_integer("select idx from tournament"), 1);
-    EXPECT_EQ(count(session.init_db(), "sort_dir"), 0);
+    EXPECT_EQ(session.init_db().row_count("sort_dir"), 0);
     EXPECT_FALSE(fs::exists(dir.path() / "working" / "stale.txt"));
     for (const char* d : { "working", "website", "qv4_file_archive", "qv5_file_archive" })
         EXPECT_TRUE(fs::is_directory(dir.path() / d)) << d;
@@ -109,7 +98,7 @@ TEST_F(SessionTest, RestartIsDeferredAndReopensTheSameFile)
 
     host.run_deferred();
     EXPECT_EQ(session.current_file_path(), file.string());
-    EXPECT_EQ(count(session.tournament(), "alist"), 0);
+    EXPECT_EQ(session.tournament().row_count("alist"), 0);
     EXPECT_EQ(host.count("load_all_forms"), 2);
     EXPECT_EQ(host.count("unload_all_forms"), 1);
 }

@@ -1,37 +1,17 @@
-#include "core/database.h"
-#include "core/settings.h"
+#include "core/recent_files.h"
 #include "core/settings_keys.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
+#include "support/settings_fixture.h"
 
-#include <gtest/gtest.h>
 #include <set>
 #include <string>
 
 namespace qv {
 namespace {
 
-class SettingsTest : public ::testing::Test
+class SettingsTest : public test::SettingsFixture
 {
 protected:
-    SettingsTest()
-        : init(app.init_files() / "init.qvd")
-        , settings(talk)
-    {
-        settings.attach(init);
-    }
-    ~SettingsTest() override { settings.detach(); }
-
-    std::string row_value(std::string_view key)
-    {
-        return init.scalar_text("select value from disk_vars where nm = ?", key);
-    }
     std::int64_t marked_rows() { return init.scalar_integer("select count(*) from disk_vars where note = '1'"); }
-
-    test::TempAppDir app;
-    Database init;
-    test::ScriptedTalk talk;
-    Settings settings;
 };
 
 TEST_F(SettingsTest, EveryKeyTheProgramKnowsHasExactlyOneRow)
@@ -71,10 +51,6 @@ TEST_F(SettingsTest, WritesGoToRowAndMemoryAndApplyTouchesMemoryOnly)
     EXPECT_EQ(settings.text("app.generic_court"), "table");
     EXPECT_EQ(settings.get_disk_var("app.generic_court"), "table");
 
-    settings.set_disk_var("tc.tcmins", "45");
-    EXPECT_EQ(settings.integer("tc.tcmins"), 45);
-    EXPECT_EQ(settings.text("tc.tcmins"), "45");
-
     settings.apply_disk_var("app.custid", "club7");
     EXPECT_EQ(settings.text("app.custid"), "club7");
     EXPECT_EQ(row_value("app.custid"), "");
@@ -84,7 +60,7 @@ TEST_F(SettingsTest, WritesGoToRowAndMemoryAndApplyTouchesMemoryOnly)
     EXPECT_TRUE(talk.said.empty());
 }
 
-TEST_F(SettingsTest, MissingKeyReadsZeroAndMarksNothing)
+TEST_F(SettingsTest, AMissingRowReadsZeroAndRefusesWrites)
 {
     const auto before = marked_rows();
     EXPECT_EQ(settings.get_disk_var("no.such.key"), "0");
@@ -95,20 +71,14 @@ TEST_F(SettingsTest, MissingKeyReadsZeroAndMarksNothing)
     settings.load_disk_vars();
     EXPECT_EQ(settings.text("app.generic_court"), "0");
     EXPECT_TRUE(talk.said.empty());
-}
 
-TEST_F(SettingsTest, WriteToMissingRowIsReportedAndChangesNothing)
-{
-    settings.load_disk_vars();
     const auto rows = init.row_count("disk_vars");
     settings.set_disk_var("no.such.key", "x");
     EXPECT_EQ(talk.last_message(), "cannot find diskvar no.such.key");
-    EXPECT_EQ(init.row_count("disk_vars"), rows);
-
-    init.run("delete from disk_vars where nm = 'app.generic_court'");
     settings.set_disk_var("app.generic_court", "tee");
     EXPECT_EQ(talk.last_message(), "cannot find diskvar app.generic_court");
-    EXPECT_EQ(settings.text("app.generic_court"), "court");
+    EXPECT_EQ(settings.text("app.generic_court"), "0");
+    EXPECT_EQ(init.row_count("disk_vars"), rows);
     EXPECT_EQ(talk.messages().size(), 2u);
 }
 
@@ -161,11 +131,43 @@ TEST(SettingIntegerTest, OnlyWhole16BitNumbersConvert)
 TEST_F(SettingsTest, IntegerSettingWithDamagedTextReadsZero)
 {
     settings.load_disk_vars();
+    settings.set_disk_var("tc.tcmins", "45");
+    EXPECT_EQ(settings.integer("tc.tcmins"), 45);
+    EXPECT_EQ(settings.text("tc.tcmins"), "45");
     settings.set_disk_var("tc.tcmins", "abc");
     EXPECT_EQ(settings.integer("tc.tcmins"), 0);
     EXPECT_EQ(settings.text("tc.tcmins"), "0");
     EXPECT_EQ(row_value("tc.tcmins"), "abc");
     EXPECT_EQ(settings.integer("app.ftp_timeout"), 30);
+}
+
+TEST_F(SettingsTest, RecentFilesNewestFirstOnceEachAndNoMoreThanKept)
+{
+    settings.load_disk_vars();
+    EXPECT_TRUE(recent_files(settings).empty());
+    record_recent_file(settings, "/t/a.qvd");
+    record_recent_file(settings, "/t/b.qvd");
+    record_recent_file(settings, "/t/sub/../a.qvd");
+    EXPECT_EQ(recent_files(settings), (std::vector<std::string> { "/t/a.qvd", "/t/b.qvd" }));
+    // Written through: the next boot reads the same list.
+    EXPECT_EQ(row_value("app.recent_files"), "/t/a.qvd|/t/b.qvd");
+
+    for (int i = 0; i < 10; ++i)
+        record_recent_file(settings, "/t/" + std::to_string(i) + ".qvd");
+    const auto files = recent_files(settings);
+    ASSERT_EQ(files.size(), recent_files_kept);
+    EXPECT_EQ(files.front(), "/t/9.qvd");
+    EXPECT_EQ(files.back(), "/t/2.qvd");
+    EXPECT_TRUE(talk.said.empty());
+}
+
+TEST_F(SettingsTest, ADamagedRecentFilesListAndAPathWithTheSeparatorAreNoFiles)
+{
+    settings.load_disk_vars();
+    settings.set_disk_var("app.recent_files", "0|relative.qvd||/t/x.qvd|/t/x.qvd");
+    EXPECT_EQ(recent_files(settings), std::vector<std::string> { "/t/x.qvd" });
+    record_recent_file(settings, "/t/odd|name.qvd");
+    EXPECT_EQ(recent_files(settings), std::vector<std::string> { "/t/x.qvd" });
 }
 
 class FilterRepairTest : public SettingsTest

@@ -1,37 +1,15 @@
-#include "core/session.h"
 #include "core/sports_vocabulary.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <gtest/gtest.h>
+#include "support/refusal_check.h"
+#include "support/session_fixture.h"
 
 namespace qv {
 namespace {
 
-class SportsTest : public ::testing::Test
-{
-protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-};
+using SportsTest = test::SessionFixture;
 
 SportWords golf()
 {
     return set_up_sport()[1].words;
-}
-
-TEST_F(SportsTest, NineSportsInOrderWithThePitchsPluralAsStored)
-{
-    std::vector<std::string> names;
-    for (const auto& s : set_up_sport())
-        names.push_back(s.name);
-    EXPECT_EQ(names,
-        (std::vector<std::string> {
-            "tennis", "golf", "soccer", "pool", "snooker", "darts", "chess", "squash", "badminton" }));
-    EXPECT_EQ(set_up_sport()[2].words.courts, "pitchs");
 }
 
 TEST_F(SportsTest, EachWordMustBeLowerCaseLettersAndBlanks)
@@ -49,23 +27,17 @@ TEST_F(SportsTest, EachWordMustBeLowerCaseLettersAndBlanks)
         { 5, "big matches", "", -1 },
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE(c.value);
         auto words = golf();
         (c.field == 0 ? words.court : c.field == 2 ? words.courts : c.field == 4 ? words.m : words.matches) = c.value;
-        const auto refusal = validate_sport_words(words);
-        if (c.message.empty()) {
-            EXPECT_FALSE(refusal) << c.value;
-            continue;
-        }
-        ASSERT_TRUE(refusal) << c.value;
-        EXPECT_EQ(refusal->field, c.field);
-        EXPECT_EQ(refusal->refusal.message, c.message);
-        EXPECT_EQ(refusal->refusal.position, c.position);
+        test::expect_refusal(validate_sport_words(words), c.message, c.field, c.position);
     }
 }
 
 TEST_F(SportsTest, WithoutAFileTheWordsApplyAtOnce)
 {
     session.boot_start_app("");
+    EXPECT_EQ(set_up_sport()[2].words.courts, "pitchs") << "soccer's plural as stored";
     EXPECT_EQ(save_sport_words(session, golf()), SaveWords::saved);
     EXPECT_EQ(session.settings().get_disk_var("app.generic_courts"), "tees");
     EXPECT_EQ(session.settings().text("app.generic_court"), "tee");

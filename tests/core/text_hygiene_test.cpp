@@ -1,13 +1,9 @@
-#include "core/session.h"
 #include "core/utf8.h"
 #include "core/validators.h"
 #include "entries/players.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
+#include "support/session_fixture.h"
 
 #include <cstdint>
-#include <gtest/gtest.h>
 
 namespace qv {
 namespace {
@@ -77,13 +73,10 @@ TEST(TextHygiene, EveryLetterOfTheCodePageFoldsItsCase)
     EXPECT_EQ(lcase("x\xFF"), "x\xEF\xBF\xBD") << "a byte that is not UTF-8 reads as one character";
 }
 
-TEST(TextHygiene, TheDatabaseComparesNamesAsTheProgramDoes)
+using TextHygieneInTheFile = test::TournamentFixture;
+
+TEST_F(TextHygieneInTheFile, TheDatabaseComparesNamesAsTheProgramDoes)
 {
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session(dir.path(), talk, host);
-    session.boot_start_app(dir.new_tournament().string());
     auto& db = session.tournament();
     EXPECT_EQ(db.scalar_text("select lower('ÉMILE ŠŒŽŸ'), upper('émile')"), "émile šœžÿ");
     EXPECT_EQ(db.scalar_text("select upper('émile šœžÿ')"), "ÉMILE ŠŒŽŸ");

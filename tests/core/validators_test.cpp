@@ -28,18 +28,10 @@ void expect_all(const char* name, Check (*check)(std::string_view), const std::v
     }
 }
 
-TEST(Validators, ValueRequired)
+TEST(Validators, EachNumberCheckWithItsMessageAndPosition)
 {
-    expect_all("value_required", value_required,
-        {
-            { "", "value required" },
-            { "   ", "value required" },
-            { " x ", "" },
-        });
-}
-
-TEST(Validators, CheckInteger)
-{
+    expect_all(
+        "value_required", value_required, { { "", "value required" }, { "   ", "value required" }, { " x ", "" } });
     expect_all("check_integer", check_integer,
         {
             { "", "" },
@@ -49,10 +41,6 @@ TEST(Validators, CheckInteger)
             { "1.5", "invalid character for integer", 1 },
             { " 1", "invalid character for integer", 0 },
         });
-}
-
-TEST(Validators, CheckDouble)
-{
     expect_all("check_double", check_double,
         {
             { "", "" },
@@ -67,10 +55,6 @@ TEST(Validators, CheckDouble)
             { "¿5", "invalid character for double", 0 },
             { "5¿x", "invalid character for double", 1 },
         });
-}
-
-TEST(Validators, CheckSignedDouble)
-{
     expect_all("check_signed_double", check_signed_double,
         {
             { "", "" },

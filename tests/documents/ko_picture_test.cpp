@@ -26,12 +26,6 @@ protected:
     {
         return makepic1(session, DrawStore::tournament, eid, options);
     }
-
-    static std::string text(const PictureLayout& layout, const std::string& name, int index)
-    {
-        const auto* cell = layout.find(name, index);
-        return cell ? cell->text : "<none>";
-    }
 };
 
 // The canvas of each draw size, in pixels of a 96-dpi picture: 2, 16 and 128 whole, and the two halves of 128.
@@ -193,7 +187,7 @@ TEST_F(KoPictureTest, CountryColumnOffMovesEverythingLeft)
 TEST_F(KoPictureTest, EventLabelsOverrideTheHeaders)
 {
     ko_draw(1, "boys 16", 16, 16);
-    db->run(R"(insert into rounds (eid, rid, pos, rname, caption) values (1, 1, 0, 'round1', 'first'),
+    db().run(R"(insert into rounds (eid, rid, pos, rname, caption) values (1, 1, 0, 'round1', 'first'),
         (1, 3, 0, 'semi_', 'halbfinale'), (1, 4, 0, 'final/winner', 'finale/sieger'))");
     const auto layout = pictures(1).at(0).layout;
     EXPECT_EQ(text(layout, "header", 1), "first");
@@ -206,9 +200,9 @@ TEST_F(KoPictureTest, EventLabelsOverrideTheHeaders)
 TEST_F(KoPictureTest, TimesShowWhereAndWhenAMatchIsToBePlayed)
 {
     ko_draw(1, "boys 16", 16, 16);
-    db->run(R"(update schedule set scheduledate='sat12jun27', nbat='nb ', matchtime='10:30', cid=3, matchnumber=2
+    db().run(R"(update schedule set scheduledate='sat12jun27', nbat='nb ', matchtime='10:30', cid=3, matchnumber=2
         where eid=1 and "match"=1)");
-    db->run(R"(update schedule set cid=-1 where eid=1 and "match"=2)");
+    db().run(R"(update schedule set cid=-1 where eid=1 and "match"=2)");
     options.times = true;
     const auto layout = pictures(1).at(0).layout;
     EXPECT_EQ(text(layout, "round2sco", 1), "sat12jun27 nb 10:30 c3/m2");

@@ -13,7 +13,7 @@ protected:
     {
         auto& peek = session.peek_browse_db();
         auto event
-            = db->query("select eventname, drawtype, drawsize, pts, timestamp_text from events where eid=?", eid);
+            = db().query("select eventname, drawtype, drawsize, pts, timestamp_text from events where eid=?", eid);
         ASSERT_TRUE(event.step());
         peek.run(R"(insert into qv4_single_events (eid, eventname, drawtype, drawsize, pts, timestamp_text, tn, dts)
             values (?, ?, ?, ?, ?, ?, 'last year''s open', '2026'))",
@@ -22,7 +22,7 @@ protected:
         const std::string columns = R"(sid, eid, "match", rid, rname, mt, mb, mw_ptr, mtttt, mtfrn, mttag, mbttt,
             mbfrn, mbtag, mwttt, mwtag, matchscore, matchlongscore, points1, points2, mt_country, mb_country,
             mtseeding, mbseeding, ds, drawtype, eventname, scheduledate, cid, matchnumber, matchtime, nbat)";
-        auto rows = db->query("select " + columns + " from schedule where eid=?", eid);
+        auto rows = db().query("select " + columns + " from schedule where eid=?", eid);
         std::string marks = "?";
         for (int i = 1; i < rows.column_count(); ++i)
             marks += ",?";

@@ -1,22 +1,13 @@
-#include "core/session.h"
 #include "documents/print_configs.h"
 #include "documents/print_setup.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <gtest/gtest.h>
+#include "support/session_fixture.h"
 
 namespace qv {
 namespace {
 
-class PrintConfigsTest : public ::testing::Test
+class PrintConfigsTest : public test::SessionFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
     PrintKind ko32 { "ko", 32 };
 
     void SetUp() override { session.boot_start_app(""); }
@@ -42,12 +33,9 @@ protected:
     }
 };
 
-TEST(DrawKinds, WordsInOrder)
+TEST(DrawKinds, WordsReadBackAsKinds)
 {
-    const std::vector<std::string_view> words(draw_kind_words().begin(), draw_kind_words().end());
-    EXPECT_EQ(words.size(), 15u);
-    EXPECT_EQ(words[6], "ko-64");
-    EXPECT_EQ(words[7], "ko128");
+    EXPECT_EQ(draw_kind_words().size(), 15u);
     EXPECT_EQ(draw_kind_from_word("ko-64"), (PrintKind { "ko", -64 }));
     EXPECT_EQ(draw_kind_from_word("RR5"), (PrintKind { "rr", 5 }));
     EXPECT_FALSE(draw_kind_from_word("ko3"));

@@ -38,7 +38,7 @@ protected:
 TEST_F(PrintSaveDrawsTest, TheDrawsThatExist)
 {
     std::vector<std::string> lines;
-    for (const auto& line : events_drawdone_draws(*db))
+    for (const auto& line : events_drawdone_draws(db()))
         lines.push_back(line.text);
     EXPECT_EQ(lines, (std::vector<std::string> { "(1)boys 16", "(2)men's open", "(3)group a" }));
 }

@@ -16,12 +16,6 @@ protected:
         EXPECT_EQ(made.size(), 1u);
         return made.empty() ? PictureLayout {} : made.front().layout;
     }
-
-    static std::string text(const PictureLayout& layout, const std::string& name, int index)
-    {
-        const auto* cell = layout.find(name, index);
-        return cell ? cell->text : "<none>";
-    }
 };
 
 // Five players, "a win is a point"; the top player has won matches 1 to 6: (1,2) (1,3) (1,4) (1,5) (2,3) (2,4).

@@ -1,30 +1,19 @@
-#include "core/codepage.h"
 #include "documents/draw_fixture.h"
 #include "documents/text_draw_ko.h"
 #include "documents/text_draw_rr.h"
-
-#include <fstream>
-#include <sstream>
+#include "support/file_bytes.h"
 
 namespace qv {
 namespace {
 
-std::string file_bytes(const std::filesystem::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    std::stringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-}
+using test::read_bytes;
 
 std::filesystem::path expected(const std::string& name)
 {
     return std::filesystem::path(QV_TEST_DATA_DIR) / "expected" / "documents" / name;
 }
 
-class TextDrawTest : public test::DrawFixture
-{
-};
+using TextDrawTest = test::DrawFixture;
 
 TEST(NextRoundPointer, MatchNumberOfTheNextMatch)
 {
@@ -62,15 +51,15 @@ TEST_F(TextDrawTest, KnockOutGolden)
 {
     ko_draw(1, "boys 8", 8, 6, 1);
     // The second match went the other way, without a long score.
-    db->run(
+    db().run(
         R"(update schedule set mwttt=mbttt, mwfrn=mbfrn, mwtag=mbtag, matchlongscore='' where eid=1 and "match"=2)");
-    db->run(R"(update schedule set mbttt='player 4', mbfrn='player 4', mbtag='plr4', mb_country='AUS'
+    db().run(R"(update schedule set mbttt='player 4', mbfrn='player 4', mbtag='plr4', mb_country='AUS'
         where eid=1 and "match"=5)");
     const auto file = dir.path() / "ko.txt";
-    ASSERT_TRUE(text_draw_ko(file, *db, 8, 1, "boys 8", NextRoundPointers::on, TextDrawCountries::on));
-    EXPECT_EQ(file_bytes(file), file_bytes(expected("textdraw_ko8.txt")));
+    ASSERT_TRUE(text_draw_ko(file, db(), 8, 1, "boys 8", NextRoundPointers::on, TextDrawCountries::on));
+    EXPECT_EQ(read_bytes(file), read_bytes(expected("textdraw_ko8.txt")));
 
-    const auto plain = text_draw_ko_lines(*db, 8, 1, "boys 8", NextRoundPointers::off, TextDrawCountries::off);
+    const auto plain = text_draw_ko_lines(db(), 8, 1, "boys 8", NextRoundPointers::off, TextDrawCountries::off);
     ASSERT_EQ(plain.size(), 12u);
     EXPECT_EQ(plain[3], "1 quaters (1)player 1 def (2)player 2      61 62 63 64~61 (76) 62 63 64    ");
 }
@@ -79,8 +68,8 @@ TEST_F(TextDrawTest, RoundRobinGolden)
 {
     rr_draw(1, "group a", 4, 2, 3);
     const auto file = dir.path() / "rr.txt";
-    ASSERT_TRUE(text_draw_rr(file, *db, 1, "group a"));
-    EXPECT_EQ(file_bytes(file), file_bytes(expected("textdraw_rr4.txt")));
+    ASSERT_TRUE(text_draw_rr(file, db(), 1, "group a"));
+    EXPECT_EQ(read_bytes(file), read_bytes(expected("textdraw_rr4.txt")));
 }
 
 } // namespace

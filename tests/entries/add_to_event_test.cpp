@@ -1,12 +1,6 @@
-#include "core/session.h"
 #include "entries/add_to_event.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <fstream>
-#include <gtest/gtest.h>
-#include <sstream>
+#include "support/file_bytes.h"
+#include "support/session_fixture.h"
 
 namespace qv {
 namespace {
@@ -169,42 +163,15 @@ constexpr const char* events_sql = R"(
         (8, 'Red Team', 'Red Team', '', '', 0, '', '', '', '');
 )";
 
-std::vector<std::string> read_lines(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream out;
-    out << in.rdbuf();
-    const auto text = out.str();
-    std::vector<std::string> lines;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const auto end = text.find("\r\n", start);
-        lines.push_back(text.substr(start, end - start));
-        if (end == std::string::npos)
-            break;
-        start = end + 2;
-    }
-    return lines;
-}
-
-class AddToEventTest : public ::testing::Test
+class AddToEventTest : public test::SessionFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-
     void SetUp() override
     {
-        session.boot_start_app(dir.new_tournament().string());
-        ASSERT_TRUE(session.has_tournament());
+        open_new_tournament();
         db().exec_script(events_sql);
-        talk.clear();
-        host.calls.clear();
     }
 
-    Database& db() { return session.tournament(); }
     EventData event(std::int64_t eid) { return get_data(db(), eid).value(); }
 
     // One batch without the report: what it wrote and said.
@@ -224,6 +191,17 @@ protected:
         return batch.feedback();
     }
 
+    // "column=value;" of the first row of the event in the table, for the columns named.
+    std::string row(const char* table, std::int64_t eid, std::initializer_list<const char*> columns)
+    {
+        auto query = db().query(std::string("select * from ") + table + " where eid=?", eid);
+        if (!query.step())
+            return "<no row>";
+        std::string out;
+        for (const char* column : columns)
+            out += std::string(column) + "=" + query.text(column) + ";";
+        return out;
+    }
     // "player:reserve" of the entries, in id order.
     std::string entries(std::int64_t eid)
     {
@@ -244,22 +222,12 @@ TEST_F(AddToEventTest, ARegisterPersonIntoSinglesCarriesTheRegistersFields)
 {
     db().run("insert into evententries (ent_idx, eid, player) values (41, 3, 'Somebody Else')");
     EXPECT_TRUE(from_register(1, { "al west " }, AsReserve::yes).empty());
-    auto row = db().query("select * from evententries where eid=1");
-    ASSERT_TRUE(row.step());
     // Ids count on from the largest of the table, whatever its event.
-    EXPECT_EQ(row.integer("ent_idx"), 42);
-    EXPECT_EQ(row.text("player"), "Al West");
-    EXPECT_EQ(row.text("playerfname"), "Al");
-    EXPECT_EQ(row.text("playersname"), "West");
-    EXPECT_EQ(row.text("rating"), "1500");
-    EXPECT_EQ(row.text("ranking"), "3");
-    EXPECT_EQ(row.text("country"), "aus");
-    EXPECT_EQ(row.text("ar"), "not sat");
-    EXPECT_EQ(row.text("psex"), "m");
-    EXPECT_EQ(row.text("en"), "mens singles");
-    EXPECT_EQ(row.text("sd"), "singles");
-    EXPECT_EQ(row.integer("reserve"), 1);
-    EXPECT_EQ(row.text("eventfee"), "");
+    EXPECT_EQ(row("evententries", 1,
+                  { "ent_idx", "player", "playerfname", "playersname", "rating", "ranking", "country", "ar", "psex",
+                      "en", "sd", "reserve", "eventfee" }),
+        "ent_idx=42;player=Al West;playerfname=Al;playersname=West;rating=1500;ranking=3;country=aus;ar=not sat;"
+        "psex=m;en=mens singles;sd=singles;reserve=1;eventfee=;");
 
     // An empty availability is stored as ".".
     EXPECT_TRUE(from_register(1, { "Bo Dee" }).empty());
@@ -270,19 +238,11 @@ TEST_F(AddToEventTest, ARegisterPersonIntoDoublesNeedsAPartner)
 {
     db().run("insert into rawdoublesentries (rdidx, eid, player, partnername) values (7, 5, 'x', 'y')");
     EXPECT_TRUE(from_register(7, { "Di Fox" }, AsReserve::yes).empty());
-    auto row = db().query("select * from rawdoublesentries where eid=7");
-    ASSERT_TRUE(row.step());
-    EXPECT_EQ(row.integer("rdidx"), 8);
-    EXPECT_EQ(row.text("player"), "Di Fox");
-    EXPECT_EQ(row.text("playerfname"), "Di");
-    EXPECT_EQ(row.text("playersname"), "Fox");
-    EXPECT_EQ(row.text("partnerfname"), "preq");
-    EXPECT_EQ(row.text("partnersname"), "preq");
-    EXPECT_EQ(row.text("partnername"), "preq preq");
-    EXPECT_EQ(row.text("p1"), "free");
-    EXPECT_EQ(row.text("p2"), "free");
-    EXPECT_EQ(row.text("p1sex"), "female");
-    EXPECT_EQ(row.text("en"), "mixed doubles");
+    EXPECT_EQ(row("rawdoublesentries", 7,
+                  { "rdidx", "player", "playerfname", "playersname", "partnerfname", "partnersname", "partnername",
+                      "p1", "p2", "p1sex", "en" }),
+        "rdidx=8;player=Di Fox;playerfname=Di;playersname=Fox;partnerfname=preq;partnersname=preq;"
+        "partnername=preq preq;p1=free;p2=free;p1sex=female;en=mixed doubles;");
     // The reserve tick is for singles rows only.
     EXPECT_EQ(db().row_count("evententries"), 0);
 }
@@ -439,10 +399,10 @@ TEST_F(AddToEventTest, TheBatchReportsAndWritesTheFeedbackFile)
     const auto file = session.dirs().working / "temp.txt";
     EXPECT_EQ(talk.said.back().kind, "text");
     EXPECT_EQ(talk.said.back().text, file.string());
-    EXPECT_EQ(read_lines(file),
+    EXPECT_EQ(test::read_crlf_lines(file),
         (std::vector<std::string> {
             "Di Fox to mens singles:sexes dont match", "Al West already entered into mens singles" }));
-    EXPECT_EQ(host.count("refresh " + std::to_string(int(Lists::entries))), 1);
+    EXPECT_EQ(refreshes(Lists::entries), 1);
 
     // Only errors, and "No" leaves the file unshown.
     talk.clear();
@@ -458,7 +418,7 @@ TEST_F(AddToEventTest, TheBatchReportsAndWritesTheFeedbackFile)
     EXPECT_EQ(talk.said.back().kind, "message");
     EXPECT_EQ(talk.said.back().text, "all players added,2 in total");
     EXPECT_EQ(talk.said.back().title, "add to event errors");
-    EXPECT_TRUE(read_lines(file).empty());
+    EXPECT_TRUE(test::read_crlf_lines(file).empty());
     EXPECT_EQ(entries(1), "Al West:0;Bo Dee:0;Cy Hill:0;Gil Ash:0");
 }
 

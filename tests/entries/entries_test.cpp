@@ -1,26 +1,15 @@
-#include "core/session.h"
 #include "entries/entries.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <gtest/gtest.h>
+#include "support/session_fixture.h"
 
 namespace qv {
 namespace {
 
-class RemoveEntriesTest : public ::testing::Test
+class RemoveEntriesTest : public test::SessionFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-
     void SetUp() override
     {
-        session.boot_start_app(dir.new_tournament().string());
-        ASSERT_TRUE(session.has_tournament());
+        open_new_tournament();
         // Event 1 singles with a draw; event 2 doubles with a team made of two raw rows; event 3 holds the same
         // people taken in its own team.
         db().exec_script(R"(
@@ -37,11 +26,8 @@ protected:
                 (1, 2, 'al west', 'preq preq', 'taken', 'free'), (2, 2, 'Cy Hill', 'Di Fox ', 'free', 'taken'),
                 (3, 2, 'Bo Dee', 'Eve Ray', 'taken', 'taken'), (4, 3, 'Al West', 'Di Fox', 'taken', 'taken');
         )");
-        talk.clear();
-        host.calls.clear();
     }
 
-    Database& db() { return session.tournament(); }
     std::string ids(const char* table, const char* column)
     {
         return db().scalar_text(std::string("select group_concat(x, ',') from (select ") + column + " as x from "
@@ -52,7 +38,6 @@ protected:
         return db().scalar_text(
             "select group_concat(x, ',') from (select p1 || '-' || p2 as x from rawdoublesentries order by rdidx)");
     }
-    int refreshes() { return host.count("refresh " + std::to_string(int(Lists::entries))); }
 };
 
 TEST_F(RemoveEntriesTest, NothingSelectedOrAStaleEventChangesNothing)
@@ -64,7 +49,7 @@ TEST_F(RemoveEntriesTest, NothingSelectedOrAStaleEventChangesNothing)
     EXPECT_EQ(remove_entries(session, 9, EntryList::reserve, { 2 }), 0);
     EXPECT_EQ(talk.last_message(), "9 not found,stale data");
     EXPECT_EQ(ids("evententries", "ent_idx"), "1,2,3,4,5,6");
-    EXPECT_EQ(refreshes(), 0);
+    EXPECT_EQ(refreshes(Lists::entries), 0);
 }
 
 TEST_F(RemoveEntriesTest, ReservesOfADrawnEventGoAfterTheQuestion)
@@ -79,7 +64,7 @@ TEST_F(RemoveEntriesTest, ReservesOfADrawnEventGoAfterTheQuestion)
     // An id of another event is passed over.
     EXPECT_EQ(remove_entries(session, 1, EntryList::reserve, { 2, 4 }), 1);
     EXPECT_EQ(ids("evententries", "ent_idx"), "1,3,4,5,6");
-    EXPECT_EQ(refreshes(), 1);
+    EXPECT_EQ(refreshes(Lists::entries), 1);
 }
 
 TEST_F(RemoveEntriesTest, AnEntryInTheDrawStaysAndNothingIsAsked)
@@ -123,7 +108,7 @@ TEST_F(RemoveEntriesTest, RawRowsGoByTheirIdWithinTheEvent)
     EXPECT_EQ(ids("rawdoublesentries", "rdidx"), "3,4");
     // The resolved teams are not the raw list's business.
     EXPECT_EQ(ids("evententries", "ent_idx"), "1,2,3,4,5,6");
-    EXPECT_EQ(refreshes(), 1);
+    EXPECT_EQ(refreshes(Lists::entries), 1);
 
     // Only another event's row: nothing goes, and the count says so.
     talk.answers.push_back(Answer::Yes);

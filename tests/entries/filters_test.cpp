@@ -1,10 +1,5 @@
-#include "core/database.h"
-#include "core/settings.h"
 #include "entries/filters.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <gtest/gtest.h>
+#include "support/settings_fixture.h"
 
 namespace qv {
 namespace {
@@ -27,15 +22,11 @@ PlayerFilter make(PlayerSource source, std::int64_t id, const char* ticks, Playe
     return f;
 }
 
-class FiltersTest : public ::testing::Test
+class FiltersTest : public test::SettingsFixture
 {
 protected:
     FiltersTest()
-        : init(app.init_files() / "init.qvd")
-        , db(app.new_tournament())
-        , settings(talk)
     {
-        settings.attach(init);
         settings.load_disk_vars();
         db.exec_script(R"(
             insert into players (pid, player, fname, sname, sex, pval, fid) values
@@ -62,8 +53,6 @@ protected:
                 (1, 2, 'al west', 'preq preq'), (2, 4, 'red club', 'preq preq');
         )");
     }
-    ~FiltersTest() override { settings.detach(); }
-
     Names names(const PlayerFilter& filter)
     {
         Names out;
@@ -79,11 +68,7 @@ protected:
         return out;
     }
 
-    test::TempAppDir app;
-    Database init;
-    Database db;
-    test::ScriptedTalk talk;
-    Settings settings;
+    Database db { app.new_tournament() };
 };
 
 TEST_F(FiltersTest, PlayersOfEachSourceAndTickCombination)
@@ -259,12 +244,10 @@ TEST_F(FiltersTest, StoredTextsReadBackAndDamagedOnesRestrictNothing)
     EXPECT_EQ(event_filter_text(parse_event_filter("x^male")), "*^male^*^*^*^event number");
 
     store_player_filter(settings, filter_keys::players_folders_assign, make(PlayerSource::folder, 2, "010111"));
-    EXPECT_EQ(init.scalar_text("select value from disk_vars where nm='players_folders_assign_filter'"),
-        "3^2^0^1^0^1^1^1^order by player");
+    EXPECT_EQ(row_value("players_folders_assign_filter"), "3^2^0^1^0^1^1^1^order by player");
     EXPECT_EQ(load_player_filter(settings, filter_keys::players_folders_assign).id, 2);
     store_event_filter(settings, filter_keys::draw_events, { "singles", "*", "*", "*", "*", "drawdone" });
-    EXPECT_EQ(
-        init.scalar_text("select value from disk_vars where nm='draw_events_filter'"), "singles^*^*^*^*^drawdone");
+    EXPECT_EQ(row_value("draw_events_filter"), "singles^*^*^*^*^drawdone");
     EXPECT_EQ(load_event_filter(settings, filter_keys::draw_events).singdobs, "singles");
     EXPECT_TRUE(talk.said.empty()) << "every filter key has its row";
 }

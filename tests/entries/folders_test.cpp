@@ -1,30 +1,21 @@
-#include "core/session.h"
 #include "entries/folders.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <gtest/gtest.h>
+#include "support/session_fixture.h"
 
 namespace qv {
 namespace {
 
 using Names = std::vector<std::string>;
 
-class FoldersTest : public ::testing::Test
+class FoldersTest : public test::SessionFixture
 {
 protected:
-    FoldersTest()
+    void SetUp() override
     {
-        session.boot_start_app(dir.new_tournament().string());
-        db().exec_script(R"(
-            insert into players (pid, player, fid) values (1, 'Al West', 0), (2, 'Bea Cole', 0), (3, 'Cy Fox', 0);
-        )");
-        talk.clear();
-        host.calls.clear();
+        open_new_tournament();
+        db().exec_script(
+            "insert into players (pid, player, fid) values (1, 'Al West', 0), (2, 'Bea Cole', 0), (3, 'Cy Fox', 0)");
     }
 
-    Database& db() { return session.tournament(); }
     Names folder_names()
     {
         Names out;
@@ -47,11 +38,6 @@ protected:
             n += s.kind == "beep";
         return n;
     }
-
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
 };
 
 TEST_F(FoldersTest, AddTakesTheNextIdAndRefusesEmptyBadAndDuplicateNames)
@@ -60,7 +46,7 @@ TEST_F(FoldersTest, AddTakesTheNextIdAndRefusesEmptyBadAndDuplicateNames)
     EXPECT_EQ(addnew_folder(session, "juniors"), 1);
     EXPECT_EQ(addnew_folder(session, " Seniors "), 2);
     EXPECT_EQ(beeps(), 2);
-    EXPECT_EQ(host.count("refresh " + std::to_string(int(Lists::folders))), 2);
+    EXPECT_EQ(refreshes(Lists::folders), 2);
     talk.clear();
 
     const struct
@@ -165,7 +151,7 @@ TEST_F(FoldersTest, AssignMovesSelectedPlayersAndMoveOutClearsTheirFolder)
     EXPECT_EQ(fid_of(1), 0);
     EXPECT_EQ(fid_of(2), 0);
     EXPECT_EQ(fid_of(3), seniors);
-    EXPECT_EQ(host.count("refresh " + std::to_string(int(Lists::players))), 3);
+    EXPECT_EQ(refreshes(Lists::players), 3);
 }
 
 } // namespace

@@ -1,15 +1,9 @@
-#include "core/codepage.h"
 #include "core/file_save.h"
-#include "core/session.h"
 #include "entries/player_reports.h"
 #include "entries/players.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
+#include "support/file_bytes.h"
+#include "support/refusal_check.h"
+#include "support/session_fixture.h"
 
 namespace qv {
 namespace {
@@ -33,29 +27,11 @@ PlayerRecord team(std::string name)
     return r;
 }
 
-std::string read_cp1252(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return from_cp1252(std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()));
-}
+using test::read_cp1252;
 
-class PlayersTest : public ::testing::Test
+class PlayersTest : public test::TournamentFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-
-    void SetUp() override
-    {
-        session.boot_start_app(dir.new_tournament().string());
-        ASSERT_TRUE(session.has_tournament());
-        talk.clear();
-        host.calls.clear();
-    }
-
-    Database& db() { return session.tournament(); }
     std::int64_t players() { return db().row_count("players"); }
     std::int64_t add(const PlayerRecord& r)
     {
@@ -126,15 +102,7 @@ TEST_F(PlayersTest, ValidateRefusesInOrderWithTheFieldAndCharacter)
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.record.fname + "|" + c.record.sname + "|" + c.record.team_name + "|" + c.record.country);
-        const auto refusal = validate_player(db(), c.record, c.form);
-        if (c.message.empty()) {
-            EXPECT_FALSE(refusal) << refusal->refusal.message;
-            continue;
-        }
-        ASSERT_TRUE(refusal);
-        EXPECT_EQ(refusal->refusal.message, c.message);
-        EXPECT_EQ(refusal->field, c.field);
-        EXPECT_EQ(refusal->refusal.position, c.position);
+        test::expect_refusal(validate_player(db(), c.record, c.form), c.message, c.field, c.position);
     }
 }
 
@@ -215,7 +183,7 @@ TEST_F(PlayersTest, AddStoresTheRowStampedWithFirstCappedNames)
              { "rating", "4.5" }, { "availabilityrestrictions", "not sunday" }, { "notes", "n" }, { "results", "res" },
              { "message", "msg" }, { "tsd", "t-shirt xl" }, { "paid_state", "" } })
         EXPECT_EQ(column(8, name), value) << name;
-    EXPECT_EQ(host.count("refresh " + std::to_string(int(Lists::players))), 1);
+    EXPECT_EQ(refreshes(Lists::players), 1);
     EXPECT_EQ(talk.said.size(), 1u);
     EXPECT_EQ(talk.said[0].kind, "beep");
 }
@@ -498,9 +466,8 @@ TEST_F(PlayersTest, RatingReportAndDetailsExportAreWindows1252)
 
     const auto ratings = report_players_rating_ranking(session);
     ASSERT_TRUE(ratings);
-    std::ifstream raw(*ratings, std::ios::binary);
-    const std::string bytes((std::istreambuf_iterator<char>(raw)), std::istreambuf_iterator<char>());
-    EXPECT_EQ(bytes, "players rating,ranking,from,\r\nAces ,,,\r\n\xC9mile Zola (male) 5.5,12,fra,\r\n");
+    EXPECT_EQ(
+        test::read_bytes(*ratings), "players rating,ranking,from,\r\nAces ,,,\r\n\xC9mile Zola (male) 5.5,12,fra,\r\n");
 
     const auto details = export_players_text(session, { e });
     ASSERT_TRUE(details);

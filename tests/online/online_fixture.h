@@ -1,28 +1,18 @@
 #pragma once
 
-#include "core/session.h"
 #include "online/service_client.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
 #include "support/service_process.h"
-#include "support/temp_app_dir.h"
+#include "support/session_fixture.h"
 
-#include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
 #include <memory>
 #include <regex>
 
 namespace qv::test {
 
 // A session with a tournament open and, once started, the local online service beside it.
-class OnlineTest : public ::testing::Test
+class OnlineTest : public SessionFixture
 {
 protected:
-    TempAppDir dir;
-    ScriptedTalk talk;
-    FakeHost host;
-    Session session { dir.path(), talk, host };
     std::unique_ptr<ServiceProcess> service;
 
     void SetUp() override { session.boot_start_app(dir.new_tournament().string()); }
@@ -43,12 +33,6 @@ protected:
     void use_service_account()
     {
         set_default_account(service->server(), ServiceProcess::custid, ServiceProcess::password);
-    }
-
-    static std::string read_file(const std::filesystem::path& file)
-    {
-        std::ifstream in(file, std::ios::binary);
-        return { std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>() };
     }
 
     ServiceClient client() { return ServiceClient(session, default_account(session)); }

@@ -4,8 +4,7 @@
 #include "online/tournament_details.h"
 #include "online_fixture.h"
 #include "plain_http_server.h"
-
-#include <fstream>
+#include "support/file_bytes.h"
 
 namespace qv {
 namespace {
@@ -76,7 +75,8 @@ TEST_F(ServiceClientTest, EveryOperationRoundTripsWithTheKeysInTheirOrder)
 
     ASSERT_TRUE(getrawevents(c, working / "raweventdata.txt"));
     EXPECT_EQ(logged_without_sequence(), order1("getrawevents"));
-    EXPECT_EQ(read_file(working / "raweventdata.txt"), "73215qpx48102^no_error^1^men singles^^2^mixed doubles^^");
+    EXPECT_EQ(
+        test::read_bytes(working / "raweventdata.txt"), "73215qpx48102^no_error^1^men singles^^2^mixed doubles^^");
 
     ASSERT_TRUE(set_state(c, "openentries_withdrawals"));
     EXPECT_EQ(logged_without_sequence(), order1("set_state", "&tp=openentries_withdrawals"));
@@ -88,7 +88,7 @@ TEST_F(ServiceClientTest, EveryOperationRoundTripsWithTheKeysInTheirOrder)
         + "?idx=enter2_submit&custid=club7&fname=Ann&sname=Lee&email=ann%40x.org&password=p9&sex=f&e1=1");
     ASSERT_TRUE(getrawdata(c, working / "temp.txt"));
     EXPECT_EQ(logged_without_sequence(), order1("getrawdata"));
-    const std::string qv5 = read_file(working / "temp.txt");
+    const std::string qv5 = test::read_bytes(working / "temp.txt");
     EXPECT_EQ(qv5.rfind("73215qpx48102^no_error^spring open^%^\r\n1^men singles^m^p^10^singles^'^\r\n", 0), 0u) << qv5;
     EXPECT_NE(qv5.find("^est^1^Ann^Lee^ann@x.org^p9^^f^"), std::string::npos) << qv5;
     EXPECT_NE(qv5.find("\r\n1^1^^^^\\^\r\n"), std::string::npos) << qv5;

@@ -41,11 +41,11 @@ TEST_F(CompileTest, EachCriterionBillsItsEntriesAndEachDoublesPartnerInFull)
 
 TEST_F(CompileTest, EntriesTakeThePresentFeeAndDrawFlagOfTheirEvent)
 {
-    db->run("update events set fee='30', drawdone=0 where eid=1");
-    db->run("update events set drawdone=1 where eid=3");
+    db().run("update events set fee='30', drawdone=0 where eid=1");
+    db().run("update events set drawdone=1 where eid=3");
     ASSERT_TRUE(compile(session, 1));
-    EXPECT_EQ(db->scalar_text("select eventfee from evententries where ent_idx=1"), "30");
-    EXPECT_EQ(db->scalar_integer("select count(*) from evententries where drawdone=1"), 3);
+    EXPECT_EQ(db().scalar_text("select eventfee from evententries where ent_idx=1"), "30");
+    EXPECT_EQ(db().scalar_integer("select count(*) from evententries where drawdone=1"), 3);
     EXPECT_DOUBLE_EQ(bill(1), 15);
     EXPECT_DOUBLE_EQ(bill(3), 27.5);
     EXPECT_DOUBLE_EQ(bill(2), 0);
@@ -62,7 +62,7 @@ TEST_F(CompileTest, RerunKeepsWhatWasPaidAndALowerBillTurnsOverpaidAtOnce)
     EXPECT_EQ(state(2), "ob");
     EXPECT_DOUBLE_EQ(mustpay(2), 15);
 
-    db->run("update events set fee='10' where eid=1");
+    db().run("update events set fee='10' where eid=1");
     ASSERT_TRUE(compile(session, 1));
     EXPECT_DOUBLE_EQ(bill(1), 25);
     EXPECT_DOUBLE_EQ(paid(1), 35);
@@ -72,8 +72,8 @@ TEST_F(CompileTest, RerunKeepsWhatWasPaidAndALowerBillTurnsOverpaidAtOnce)
 
 TEST_F(CompileTest, FeesThatAddUpToAPaymentCompareEqual)
 {
-    db->run("update events set fee='0.1' where eid=1");
-    db->run("update events set fee='0.2' where eid=2");
+    db().run("update events set fee='0.1' where eid=1");
+    db().run("update events set fee='0.2' where eid=2");
     ASSERT_TRUE(compile(session, 1));
     ASSERT_TRUE(take_payment(session, { 1 }, "0.3"));
     EXPECT_EQ(state(1), "pif");
@@ -83,23 +83,23 @@ TEST_F(CompileTest, FeesThatAddUpToAPaymentCompareEqual)
 TEST_F(CompileTest, NoEntryMeetingTheCriterionLeavesNoBillsAndSaysSo)
 {
     ASSERT_TRUE(compile(session, 1));
-    db->run("update events set drawdone=0");
+    db().run("update events set drawdone=0");
     EXPECT_FALSE(compile(session, 1));
     EXPECT_EQ(talk.last_message(), "no players meet compile criteria of in draw (draw done)");
-    EXPECT_EQ(db->scalar_integer("select count(*) from players where player_bill <> 0 or paid_state <> ''"), 0);
+    EXPECT_EQ(db().scalar_integer("select count(*) from players where player_bill <> 0 or paid_state <> ''"), 0);
 }
 
 TEST_F(CompileTest, AFeeThatIsNoNumberChangesNothing)
 {
     ASSERT_TRUE(compile(session, 1));
-    db->run("update events set fee='ten' where eid=2");
+    db().run("update events set fee='ten' where eid=2");
     EXPECT_FALSE(compile(session, 1));
     EXPECT_EQ(talk.last_message(), "mixed doubles,event fee is not a number,cannot compile payments");
     EXPECT_DOUBLE_EQ(bill(1), 35);
-    EXPECT_EQ(db->scalar_text("select eventfee from evententries where ent_idx=5"), "15");
+    EXPECT_EQ(db().scalar_text("select eventfee from evententries where ent_idx=5"), "15");
 
     // An empty fee is no fee.
-    db->run("update events set fee='' where eid=2");
+    db().run("update events set fee='' where eid=2");
     ASSERT_TRUE(compile(session, 1));
     EXPECT_DOUBLE_EQ(bill(1), 20);
 }

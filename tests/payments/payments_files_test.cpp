@@ -3,22 +3,14 @@
 #include "payments/payments_files.h"
 #include "payments/payments_fixture.h"
 #include "payments/taking_payments.h"
-
-#include <fstream>
-#include <sstream>
+#include "support/file_bytes.h"
 
 namespace qv {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string bytes_of(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream out;
-    out << in.rdbuf();
-    return out.str();
-}
+using test::read_bytes;
 
 fs::path expected(const char* name)
 {
@@ -44,10 +36,10 @@ TEST_F(PaymentsFilesTest, TheListFileHoldsTheLinesTotalsAndCurrency)
     const auto file = dir.path() / "out" / "payments list.txt";
     fs::create_directories(file.parent_path());
     talk.files.push_back({ file });
-    const auto list = loadpayments(*db, {});
+    const auto list = loadpayments(db(), {});
     ASSERT_EQ(save_payments_list(session, list), file);
     EXPECT_EQ(talk.said.front().text, "payments.txt");
-    EXPECT_EQ(bytes_of(file), bytes_of(expected("payments.txt")));
+    EXPECT_EQ(read_bytes(file), read_bytes(expected("payments.txt")));
     // The next dialog opens where this file went.
     EXPECT_EQ(session.settings().text("app.last_dir_opened"), file.parent_path().string());
 }
@@ -58,13 +50,13 @@ TEST_F(PaymentsFilesTest, TheDetailedFileHoldsEveryPersonOfTheDraws)
     talk.files.push_back({ file });
     ASSERT_EQ(make_payments_file(session, 1), file);
     EXPECT_EQ(talk.said.front().text, "payments_detailed.txt");
-    EXPECT_EQ(bytes_of(file), bytes_of(expected("payments_detailed.txt")));
+    EXPECT_EQ(read_bytes(file), read_bytes(expected("payments_detailed.txt")));
 }
 
 TEST_F(PaymentsFilesTest, WithoutACurrencyTheFilesSaySo)
 {
-    db->run("update tournament set currencycode='' where idx=1");
-    const auto lines = payments_list_lines(loadpayments(*db, {}), currency_line(*db));
+    db().run("update tournament set currencycode='' where idx=1");
+    const auto lines = payments_list_lines(loadpayments(db(), {}), currency_line(db()));
     EXPECT_EQ(lines.back(), "currency not specified");
     EXPECT_EQ(lines.front(), "bill\tpaid\tmustpay\tstate\tplayer");
 }
@@ -72,7 +64,7 @@ TEST_F(PaymentsFilesTest, WithoutACurrencyTheFilesSaySo)
 TEST_F(PaymentsFilesTest, ACancelledDialogWritesNothing)
 {
     EXPECT_FALSE(make_payments_file(session, 1));
-    EXPECT_FALSE(save_payments_list(session, loadpayments(*db, {})));
+    EXPECT_FALSE(save_payments_list(session, loadpayments(db(), {})));
 }
 
 } // namespace

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "core/session.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
-
-#include <gtest/gtest.h>
+#include "support/session_fixture.h"
 
 namespace qv::test {
 
@@ -38,37 +33,28 @@ inline void fill_payments_tournament(Database& db)
 }
 
 // A session on the tournament above.
-class PaymentsFixture : public ::testing::Test
+class PaymentsFixture : public SessionFixture
 {
 protected:
-    TempAppDir dir;
-    ScriptedTalk talk;
-    FakeHost host;
-    Session session { dir.path(), talk, host };
-    Database* db = nullptr;
-
     void SetUp() override
     {
-        session.boot_start_app(dir.new_tournament().string());
-        ASSERT_TRUE(session.has_tournament());
-        db = &session.tournament();
-        fill_payments_tournament(*db);
-        talk.clear();
+        open_new_tournament();
+        fill_payments_tournament(db());
     }
 
     double amount(const char* column, std::int64_t pid)
     {
-        auto row = db->query("select * from players where pid=?", pid);
+        auto row = db().query("select * from players where pid=?", pid);
         EXPECT_TRUE(row.step());
         return row.real(column);
     }
     double bill(std::int64_t pid) { return amount("player_bill", pid); }
     double paid(std::int64_t pid) { return amount("amount_player_has_paid", pid); }
     double mustpay(std::int64_t pid) { return amount("amount_player_must_pay", pid); }
-    std::string state(std::int64_t pid) { return db->scalar_text("select paid_state from players where pid=?", pid); }
+    std::string state(std::int64_t pid) { return db().scalar_text("select paid_state from players where pid=?", pid); }
     std::int64_t numevents(std::int64_t pid)
     {
-        return db->scalar_integer("select numevents from players where pid=?", pid);
+        return db().scalar_integer("select numevents from players where pid=?", pid);
     }
 };
 

@@ -25,7 +25,7 @@ protected:
     std::vector<std::string> players(const PaymentsView& view)
     {
         std::vector<std::string> names;
-        for (const auto& line : loadpayments(*db, view).lines)
+        for (const auto& line : loadpayments(db(), view).lines)
             names.push_back(line.player);
         return names;
     }
@@ -65,11 +65,11 @@ TEST_F(PaymentsListTest, APlayerWithoutABillIsLeftOutEvenWhenPaid)
 
 TEST_F(PaymentsListTest, TotalsAddTheLinesShown)
 {
-    auto list = loadpayments(*db, {});
+    auto list = loadpayments(db(), {});
     EXPECT_DOUBLE_EQ(list.totals.bill, 115);
     EXPECT_DOUBLE_EQ(list.totals.paid, 62.5);
     EXPECT_DOUBLE_EQ(list.totals.mustpay, 52.5);
-    list = loadpayments(*db, { false, true, false, PaymentsSort::player, false });
+    list = loadpayments(db(), { false, true, false, PaymentsSort::player, false });
     EXPECT_DOUBLE_EQ(list.totals.bill, 67.5);
     EXPECT_DOUBLE_EQ(list.totals.mustpay, 57.5);
 }
@@ -77,21 +77,21 @@ TEST_F(PaymentsListTest, TotalsAddTheLinesShown)
 TEST_F(PaymentsListTest, OneLineReadAgainAfterAPayment)
 {
     ASSERT_TRUE(take_payment(session, { 2 }, "20"));
-    const auto line = payment_line(*db, 2);
+    const auto line = payment_line(db(), 2);
     ASSERT_TRUE(line);
     EXPECT_EQ(line_fields(*line), (std::vector<std::string> { "20", "20", "0", "pif", "bo dee" }));
-    EXPECT_FALSE(payment_line(*db, 99));
+    EXPECT_FALSE(payment_line(db(), 99));
 }
 
 TEST_F(PaymentsListTest, DetailsOfAPersonMarkWhatTheCriterionBills)
 {
-    const auto cy = *payment_line(*db, 3);
-    EXPECT_EQ(load_data(cy, person_entries(*db, "Cy Fox ", 1), 1),
+    const auto cy = *payment_line(db(), 3);
+    EXPECT_EQ(load_data(cy, person_entries(db(), "Cy Fox ", 1), 1),
         (std::vector<std::string> { "payment state for: cy fox", "(2)mixed doubles,15 <", "(3)womens singles,12.5",
             "total player events=2", "total events contributing to player bill=1", "player bill=27.5",
             "amount player has paid=10", "amount player must pay=17.5", "payment criterion=in draw (draw done)" }));
-    const auto al = *payment_line(*db, 1);
-    const auto lines = load_data(al, person_entries(*db, "al west", 2), 2);
+    const auto al = *payment_line(db(), 1);
+    const auto lines = load_data(al, person_entries(db(), "al west", 2), 2);
     ASSERT_EQ(lines.size(), 9u);
     EXPECT_EQ(lines[4], "total events contributing to player bill=2");
     EXPECT_EQ(lines[6], "amount player has overpaid=5");

@@ -91,15 +91,15 @@ TEST_F(TakingPaymentsTest, PaidInFullAndNothingPaidForTheSelected)
 TEST_F(TakingPaymentsTest, OverpaidIsDecidedOnTheAmountThatMustBePaid)
 {
     // Paid beyond the bill: neither of the first two statements holds, the last one does.
-    db->run("update players set amount_player_has_paid=50, paid_state='' where pid=2");
-    set_paid_states_pid(*db, 2);
+    db().run("update players set amount_player_has_paid=50, paid_state='' where pid=2");
+    set_paid_states_pid(db(), 2);
     EXPECT_EQ(state(2), "op");
     EXPECT_DOUBLE_EQ(mustpay(2), -30);
     // The whole-table form gives every row its state.
-    db->run("update players set paid_state=''");
-    set_paid_states(*db);
+    db().run("update players set paid_state=''");
+    set_paid_states(db());
     EXPECT_EQ(
-        db->scalar_text("select group_concat(paid_state, ',') from (select paid_state from players order by pid)"),
+        db().scalar_text("select group_concat(paid_state, ',') from (select paid_state from players order by pid)"),
         "ob,op,ob,pif,pif,ob");
 }
 
