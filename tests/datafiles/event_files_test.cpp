@@ -1,9 +1,8 @@
 #include "core/codepage.h"
 #include "core/session.h"
 #include "datafiles/event_files.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
+#include "support/file_bytes.h"
+#include "support/session_fixture.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
@@ -14,23 +13,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class EventFilesTest : public ::testing::Test
+class EventFilesTest : public test::TournamentFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
-
     void SetUp() override
     {
-        session.boot_start_app(dir.new_tournament().string());
-        ASSERT_TRUE(session.has_tournament());
+        TournamentFixture::SetUp();
         db().run(R"(insert into events (eid, eventname, singdobs, sex, pte, drawtype) values
             (1, 'mens singles', 'singles', 'male', 'p', 'ko'))");
-        talk.clear();
     }
-    Database& db() { return session.tournament(); }
     fs::path file_of(const std::vector<std::string>& lines)
     {
         const auto file = dir.path() / "events.qv3";
@@ -81,10 +72,7 @@ TEST_F(EventFilesTest, ImportExportAndTheFeedback)
     EXPECT_EQ(db().scalar_text("select group_concat(eid || ' ' || eventname || ' ' || drawtype || pts, '|') from "
                                "(select * from events order by eid)"),
         "1 mens singles ko0|2 girls 16 ko0|3 mixed ko0");
-    const auto feedback = from_cp1252([&] {
-        std::ifstream in(dir.path() / "working" / "feedback.txt", std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    }());
+    const auto feedback = test::read_cp1252(dir.path() / "working" / "feedback.txt");
     EXPECT_EQ(feedback,
         "qv3 file import errors\r\nfile: " + file.string()
             + "\r\nline: boys^singles^male^p^\r\nexpecting 5 ^, got 4 ^\r\nline: girls 16^singles^female^p^^\r\n"
@@ -95,9 +83,7 @@ TEST_F(EventFilesTest, ImportExportAndTheFeedback)
     const auto out = dir.path() / "out.qv3";
     talk.files.push_back({ out });
     ASSERT_TRUE(export_events(session, { 3, 2 }));
-    std::ifstream in(out, std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()),
-        "mixed^doubles^mixed^p^5^\r\ngirls 16^singles^female^p^12.50^\r\n");
+    EXPECT_EQ(test::read_bytes(out), "mixed^doubles^mixed^p^5^\r\ngirls 16^singles^female^p^12.50^\r\n");
 
     db().run("delete from events");
     EXPECT_FALSE(export_events(session, { 1 }));

@@ -1,9 +1,8 @@
 #include "core/codepage.h"
 #include "core/session.h"
 #include "datafiles/player_files.h"
-#include "support/fake_host.h"
-#include "support/scripted_talk.h"
-#include "support/temp_app_dir.h"
+#include "support/file_bytes.h"
+#include "support/session_fixture.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
@@ -14,12 +13,6 @@ namespace qv {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string bytes_of(const fs::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return { std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>() };
-}
 
 fs::path expected(const std::string& name)
 {
@@ -39,24 +32,18 @@ std::string qv1(std::map<int, std::string> changed = {})
     return line;
 }
 
-class PlayerFilesTest : public ::testing::Test
+class PlayerFilesTest : public test::TournamentFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    test::FakeHost host;
-    Session session { dir.path(), talk, host };
     std::tm now {};
 
     void SetUp() override
     {
-        session.boot_start_app(dir.new_tournament().string());
-        ASSERT_TRUE(session.has_tournament());
+        TournamentFixture::SetUp();
         now.tm_year = 127;
         now.tm_mon = 5;
         now.tm_mday = 14;
         now.tm_hour = 10;
-        talk.clear();
     }
     fs::path file_of(const std::string& name, const std::vector<std::string>& lines)
     {
@@ -66,7 +53,6 @@ protected:
             out << to_cp1252(line) << "\r\n";
         return file;
     }
-    Database& db() { return session.tournament(); }
 };
 
 // Each rule of a qv1 line, in the order the fields are checked: the first fault names its field.
@@ -141,9 +127,9 @@ TEST_F(PlayerFilesTest, ImportAddsGoodLinesAndWritesTheRestToTheFeedbackFile)
     EXPECT_EQ(talk.said.at(0).text, "2 records imported,4 errors,view the errors?");
     EXPECT_EQ(talk.said.at(0).title, "import errors");
     EXPECT_EQ(talk.said.at(1).kind, "text");
-    const auto feedback = bytes_of(dir.path() / "working" / "feedback.txt");
+    const auto feedback = test::read_bytes(dir.path() / "working" / "feedback.txt");
     EXPECT_EQ(feedback,
-        bytes_of(expected("qv1_import_feedback.txt"))
+        test::read_bytes(expected("qv1_import_feedback.txt"))
             .replace(feedback.find("file: ") + 6, 0, to_cp1252(file.string())));
 }
 
@@ -156,7 +142,7 @@ TEST_F(PlayerFilesTest, ASecondImportAddsNothingAndEveryLineIsAlreadyInTheRegist
     EXPECT_EQ(import_players(session, file, PlayerFormat::qv2, 0, now), 0);
     EXPECT_EQ(talk.said.back().text, "no records imported,2 errors detected,all lines,view the errors?");
     EXPECT_EQ(db().row_count("players"), 2);
-    const auto feedback = from_cp1252(bytes_of(dir.path() / "working" / "feedback.txt"));
+    const auto feedback = from_cp1252(test::read_bytes(dir.path() / "working" / "feedback.txt"));
     EXPECT_NE(feedback.find("\r\nAnn Lee already in db\r\nThe aces already in db\r\n"), std::string::npos);
 
     EXPECT_EQ(import_players(session, file_of("empty.qv2", {}), PlayerFormat::qv2, 0, now), 0);
@@ -181,8 +167,8 @@ TEST_F(PlayerFilesTest, ExportWritesTheChosenPlayersThatImportReadsBack)
     ASSERT_TRUE(export_players(session, { 2, 1 }, PlayerFormat::qv1));
     EXPECT_EQ(talk.said.back().text, qv1_file.string() + " file exported");
     ASSERT_TRUE(export_players(session, { 1 }, PlayerFormat::qv2));
-    EXPECT_EQ(bytes_of(qv1_file), bytes_of(expected("players.qv1")));
-    EXPECT_EQ(bytes_of(qv2_file), "\xc9mile^Zola^male^NZL^1^\r\n");
+    EXPECT_EQ(test::read_bytes(qv1_file), test::read_bytes(expected("players.qv1")));
+    EXPECT_EQ(test::read_bytes(qv2_file), "\xc9mile^Zola^male^NZL^1^\r\n");
 
     // Into a new register the export comes back as it went.
     db().run("delete from players");

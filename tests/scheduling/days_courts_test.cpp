@@ -1,18 +1,10 @@
 #include "scheduling/board_fixture.h"
 #include "scheduling/board_moves.h"
 #include "scheduling/days_courts.h"
-
-#include <fstream>
-#include <iterator>
+#include "support/file_bytes.h"
 
 namespace qv {
 namespace {
-
-std::string read_bytes(const std::filesystem::path& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    return { std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>() };
-}
 
 class DaysCourtsTest : public test::BoardFixture
 {
@@ -199,8 +191,8 @@ TEST_F(DaysCourtsTest, ListsSaveUnderTheirHeadings)
     ASSERT_TRUE(editor.save_days_list());
     ASSERT_TRUE(editor.save_courts_list(editor.load_courts(day1)));
     EXPECT_EQ(talk.said.front().text, "days.txt");
-    EXPECT_EQ(read_bytes(days_file), std::string("days\r\n") + day1 + "\r\n" + day2 + "\r\n" + day3 + "\r\n");
-    const auto courts = read_bytes(courts_file);
+    EXPECT_EQ(test::read_bytes(days_file), std::string("days\r\n") + day1 + "\r\n" + day2 + "\r\n" + day3 + "\r\n");
+    const auto courts = test::read_bytes(courts_file);
     EXPECT_EQ(courts.substr(0, 41), "courts\r\ncourt dcb\tday clipboard\r\ncourt tb");
     EXPECT_TRUE(courts.ends_with("court 6\t\r\n")) << courts;
     // A cancelled file choice writes nothing.
