@@ -341,7 +341,7 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     left->addWidget(m_events, 1);
     left->addWidget(m_filter_tag);
     for (const char* caption : { "do draw", "save draw", "rollback to last save", "byes thru", "do all draws",
-             "delete draw", "draw config" }) {
+             "delete draw", "draw config", "add result" }) {
         auto* button = new QPushButton(QString::fromLatin1(caption), this);
         button->setAutoDefault(false);
         left->addWidget(button);
@@ -395,6 +395,8 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     connect(button(QStringLiteral("do all draws")), &QPushButton::clicked, this, &DrawArea::do_all_draws);
     connect(button(QStringLiteral("delete draw")), &QPushButton::clicked, this, &DrawArea::delete_draw);
     connect(button(QStringLiteral("draw config")), &QPushButton::clicked, this, &DrawArea::open_drawconfig);
+    connect(button(QStringLiteral("add result")), &QPushButton::clicked, this,
+        [this] { emit resultRequested(m_last_sid); });
     connect(m_save_as_u_go, &QCheckBox::toggled, this,
         [this](bool on) { setting_toggled(m_save_as_u_go, "draw.isaveasugo", on); });
     connect(m_save_no_prompt, &QCheckBox::toggled, this,
@@ -431,6 +433,7 @@ void DrawArea::init()
     m_view->clear_draw();
     m_open = OpenDraw {};
     m_rr.clear();
+    m_last_sid = 0;
     load_settings();
     reload_events();
     show_draw();
@@ -443,6 +446,7 @@ void DrawArea::clear()
     m_view->clear_draw();
     m_open = OpenDraw {};
     m_rr.clear();
+    m_last_sid = 0;
     m_events->clear();
     m_filter_tag->clear();
     show_state();
@@ -676,6 +680,7 @@ void DrawArea::click_slot(int level, int position, int button)
 {
     if (!m_open.draw.on_screen || !m_open.has_slot(level, position))
         return;
+    m_last_sid = m_open.slot(level, position).sid;
     const auto result = master_click(m_session, m_open, level, position, button);
     if (result.outcome == ClickOutcome::first_round_menu)
         emit firstRoundMenuRequested(position);

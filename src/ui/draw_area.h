@@ -175,6 +175,8 @@ signals:
     void firstRoundMenuRequested(int position);
     // "player details" in the draw configuration.
     void playerDetailsRequested(const QString& player);
+    // "add result": the result window, on the match of the name clicked last (0 for none).
+    void resultRequested(qint64 sid);
 
 public slots:
     // The events list from the filter again, keeping the chosen event.
@@ -225,6 +227,7 @@ private:
     QCheckBox* m_save_no_prompt;
     QPushButton* m_save;
     QPointer<DrawConfigWindow> m_drawconfig;
+    std::int64_t m_last_sid = 0;
 };
 
 } // namespace qv

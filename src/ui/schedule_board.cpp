@@ -136,7 +136,7 @@ void ScheduleBoardArea::build_upper(QWidget* parent)
         add_button(moves, parent, QString::fromLatin1(caption))->setMinimumWidth(90);
     moves->addSpacing(20);
     for (const char* caption : { "select all", "unselect all", "select all seeds", "unselect all seeds", "show in draw",
-             "player details", "search", "match counts" })
+             "add result", "player details", "search", "match counts" })
         add_button(moves, parent, QString::fromLatin1(caption));
     moves->addStretch(1);
 

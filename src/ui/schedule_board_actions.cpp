@@ -7,6 +7,7 @@
 #include "scheduling/board_marks.h"
 #include "scheduling/board_moves.h"
 #include "scheduling/board_times.h"
+#include "ui/add_result_window.h"
 #include "ui/board_list_view.h"
 #include "ui/court_windows.h"
 #include "ui/list_search.h"
@@ -98,6 +99,7 @@ void ScheduleBoardArea::connect_panel(BoardListId which)
     on_click(QStringLiteral("select all seeds"), [this] { m_board->list(m_active).select_seeds(true); });
     on_click(QStringLiteral("unselect all seeds"), [this] { m_board->list(m_active).select_seeds(false); });
     on_click(QStringLiteral("show in draw"), [this] { show_in_draw(); });
+    on_click(QStringLiteral("add result"), [this] { add_result(); });
     on_click(QStringLiteral("player details"), [this] { player_details(); });
     on_click(QStringLiteral("search"), [this] { search(); });
     on_click(QStringLiteral("match counts"), [this] { match_counts(); });
@@ -139,6 +141,12 @@ bool ScheduleBoardArea::show_match(qint64 sid)
     fill_event_filter();
     sync();
     return found;
+}
+
+void ScheduleBoardArea::after_result()
+{
+    if (m_session.has_tournament())
+        sync();
 }
 
 void ScheduleBoardArea::choose_day_row(int row)
@@ -217,6 +225,16 @@ void ScheduleBoardArea::show_in_draw()
         return;
     }
     BF_find_match_in_draw(*m_board, *sid);
+}
+
+void ScheduleBoardArea::add_result()
+{
+    const auto sid = chosen_sid(m_board->list(m_active));
+    if (!sid) {
+        m_session.talk().message(m_board->select_match_text());
+        return;
+    }
+    open_addresult(m_session, *this, window(), *sid);
 }
 
 void ScheduleBoardArea::player_details()

@@ -1,0 +1,194 @@
+#include "core/session.h"
+#include "scheduling/add_result.h"
+#include "scheduling/board_moves.h"
+#include "scheduling/schedule_board.h"
+#include "support/drawn_tournament.h"
+#include "support/saved_draws.h"
+#include "support/scripted_talk.h"
+#include "support/temp_app_dir.h"
+#include "ui/add_result_window.h"
+#include "ui/board_list_view.h"
+#include "ui/draw_area.h"
+#include "ui/drawconfig_window.h"
+#include "ui/main_window.h"
+#include "ui/schedule_board.h"
+#include "ui/tournament_area.h"
+#include "ui_test_support.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+namespace qv {
+namespace {
+
+// Keys as the user types them: each character goes through the box's own editing.
+void type(QLineEdit* box, const QString& text)
+{
+    box->setFocus();
+    box->selectAll();
+    for (const auto c : text) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(box, &press);
+    }
+}
+void press_enter(QWidget* widget)
+{
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(widget, &press);
+}
+
+// A boys' draw of 16 on day one's first court, every match placed, no result yet.
+class AddResultWindowTest : public ::testing::Test
+{
+protected:
+    test::TempAppDir dir;
+    test::ScriptedTalk talk;
+    MainWindow window { dir.path(), &talk };
+
+    void SetUp() override
+    {
+        window.resize(1280, 860);
+        window.show();
+        auto& session = window.session();
+        session.boot_start_app(dir.new_tournament().string());
+        ASSERT_TRUE(session.has_tournament());
+        session.tournament().exec_script("pragma synchronous=off; pragma journal_mode=memory;");
+        test::save_ko_draw(session, 1, "boys 16", 16, 16);
+        test::make_tournament_days(session, 1, 2);
+        window.load_all_forms();
+        auto& board = area().board();
+        board.loadschedule();
+        board.choose_day("mon02mar26");
+        board.choose_court(1);
+        board.list(BoardListId::unscheduled).select_all(true);
+        ASSERT_TRUE(NET_move_sel_schedule_to_list4(board));
+        ASSERT_TRUE(board.loadcourt());
+        area().after_result();
+        talk.clear();
+    }
+
+    ScheduleBoardArea& area() { return *static_cast<ScheduleBoardArea*>(window.area_page(Area::schedule)); }
+    std::vector<std::int64_t> sids_in_match_order()
+    {
+        std::vector<std::int64_t> sids;
+        for (auto q = window.session().tournament().query(
+                 "select sid from schedule where eid=1 and rname<>'winner' order by \"match\"");
+             q.step();)
+            sids.push_back(q.integer(0));
+        return sids;
+    }
+    AddResultWindow* open_from_tournament_area()
+    {
+        test::click_operation(*window.tournament_area(), OperationList::tournament, QStringLiteral("add results"));
+        return test::last_opened<AddResultWindow>(window);
+    }
+};
+
+TEST_F(AddResultWindowTest, EveryResultOfADrawOfSixteenByMatchNumber)
+{
+    auto* results = open_from_tournament_area();
+    ASSERT_NE(results, nullptr);
+    EXPECT_TRUE(results->isVisible());
+    EXPECT_EQ(results->windowTitle(), QStringLiteral("add result"));
+
+    // Nothing loaded yet: the box is empty, and a save has no match.
+    press_enter(results->number());
+    EXPECT_EQ(talk.last_message(), "enter match id");
+    results->button(QStringLiteral("save"))->click();
+    EXPECT_EQ(talk.last_message(), "no match loaded");
+    talk.clear();
+
+    const auto sids = sids_in_match_order();
+    ASSERT_EQ(sids.size(), 15u);
+    for (auto sid : sids) {
+        type(results->number(), QString::number(sid));
+        press_enter(results->number());
+        ASSERT_TRUE(results->loaded()) << sid;
+        ASSERT_TRUE(results->top()->isEnabled());
+        results->top()->click();
+        type(results->score(), QStringLiteral("6-3 \u00BF6-4"));
+        EXPECT_EQ(results->score()->text(), QStringLiteral("6-3 6-4"));
+        results->button(QStringLiteral("save"))->click();
+        // "beep confirm": the number is selected for the next one to be typed over it.
+        EXPECT_EQ(results->number()->selectedText(), QString::number(sid));
+    }
+    EXPECT_EQ(talk.messages(), std::vector<std::string> {});
+    EXPECT_EQ(talk.said.size(), 15u);
+
+    auto& db = window.session().tournament();
+    EXPECT_EQ(db.scalar_text("select mtttt from schedule where eid=1 and rname='winner'"), "player 1");
+    EXPECT_EQ(db.scalar_integer("select count(*) from schedule where eid=1 and match_state='3'"), 15);
+
+    // The board shows the court dead.
+    EXPECT_EQ(area().day_list()->item(0)->text(), QStringLiteral("mon02mar26 \u00BF"));
+    const auto courts = test::lines_of(area().court_list());
+    EXPECT_TRUE(courts.contains(QStringLiteral("court 1 \u00BF"))) << courts.join(QLatin1Char('|')).toStdString();
+    const auto* court = area().view(BoardListId::court);
+    ASSERT_EQ(court->count(), 15);
+    for (int row = 0; row < court->count(); ++row)
+        EXPECT_TRUE(court->item(row)->text().contains(QLatin1Char('*')));
+
+    // The first match is shown but locked now.
+    type(results->number(), QString::number(sids.front()));
+    press_enter(results->number());
+    EXPECT_FALSE(results->top()->isEnabled());
+    EXPECT_TRUE(results->score()->isReadOnly());
+    EXPECT_EQ(results->note()->text(), QStringLiteral("following round played, cannot change winner"));
+    EXPECT_EQ(
+        results->following_note()->text(), QStringLiteral("following round match id =") + QString::number(sids[8]));
+    results->button(QStringLiteral("following round match id"))->click();
+    EXPECT_EQ(results->loaded()->sid, sids[8]);
+
+    // The champion stands in the draw.
+    results->button(QStringLiteral("show in draw"))->click();
+    auto* draw = window.draw_area();
+    ASSERT_EQ(window.current_page(), draw);
+    ASSERT_TRUE(draw->open_draw().draw.on_screen);
+    EXPECT_EQ(draw->open_draw().slot(5, 1).ttt, "player 1");
+    EXPECT_EQ(draw->open_draw().slot(4, 1).score.matchscore, "6-3 6-4");
+    EXPECT_NE(draw->view()->slot_item(5, 1), nullptr);
+    window.grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/addresult_champion.png"));
+}
+
+TEST_F(AddResultWindowTest, TheBoardOpensTheWindowOnItsMatchAndCloseConfirmCloses)
+{
+    window.session().toolbar_click(Area::schedule);
+    area().button(QStringLiteral("add result"))->click();
+    EXPECT_EQ(talk.last_message(), "select match");
+    const auto sids = sids_in_match_order();
+    auto& court = area().board().list(BoardListId::court);
+    court.select_only(*court.find(sids[2]));
+    area().set_active_list(BoardListId::court);
+    area().button(QStringLiteral("add result"))->click();
+    auto* results = test::last_opened<AddResultWindow>(window);
+    ASSERT_NE(results, nullptr);
+    ASSERT_TRUE(results->loaded());
+    EXPECT_EQ(results->loaded()->sid, sids[2]);
+    EXPECT_TRUE(results->details()->toPlainText().startsWith(QStringLiteral("day=mon02mar26\nevent id=1")));
+
+    results->onsave()->setCurrentIndex(results->onsave()->findText(QStringLiteral("close confirm")));
+    emit results->onsave()->activated(results->onsave()->currentIndex());
+    EXPECT_EQ(window.session().settings().integer("addres.onsave"), static_cast<int>(OnSave::close_confirm));
+    results->bottom()->click();
+    results->bottom()->click(); // a second click takes the mark off
+    EXPECT_EQ(results->winner(), ResultWinner::none);
+    results->bottom()->click();
+    EXPECT_TRUE(results->bottom()->text().endsWith(QStringLiteral(" *")));
+    results->button(QStringLiteral("save"))->click();
+    EXPECT_TRUE(test::run_main_loop_until([&] { return test::last_opened<AddResultWindow>(window) == nullptr; }));
+    EXPECT_EQ(window.session().tournament().scalar_text("select mwttt from schedule where sid=?", sids[2]), "player 6");
+    const auto line = court.line(*court.find(sids[2])).text;
+    EXPECT_NE(line.find("player 6*"), std::string::npos) << line;
+}
+
+} // namespace
+} // namespace qv
