@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "drawengine/ko_progression.h"
+#include "drawengine/result_entry.h"
 #include "drawengine/rr_saving.h"
 #include "drawengine/rr_scoring.h"
 #include "entries/filters.h"
@@ -11,6 +12,7 @@
 #include "ui/id_lists.h"
 #include "ui/qt_text.h"
 #include "ui/rr_draw_view.h"
+#include "ui/score_windows.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -161,6 +163,11 @@ void DrawSlotItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
         m_view.edit_score(m_level, m_position);
         return;
     }
+    // A right click on a score box asks for the long score.
+    if (event->button() == Qt::RightButton && score_rect().contains(event->pos())) {
+        m_view.long_score(m_level, m_position);
+        return;
+    }
     if (event->button() == Qt::LeftButton)
         m_view.clicked(m_level, m_position, left_button);
     else if (event->button() == Qt::RightButton)
@@ -190,6 +197,17 @@ bool DrawView::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     return QGraphicsView::eventFilter(watched, event);
+}
+
+void DrawView::set_long_score_handler(Click on_long_score)
+{
+    m_on_long_score = std::move(on_long_score);
+}
+
+void DrawView::long_score(int level, int position)
+{
+    if (m_on_long_score)
+        m_on_long_score(level, position, right_button);
 }
 
 void DrawView::set_handlers(Click on_click, Score on_score)
@@ -386,6 +404,8 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     m_view->set_handlers([this](int level, int position, int button) { click_slot(level, position, button); },
         [this](int level, int position, const QString& text) { set_score(level, position, text); });
 
+    m_view->set_long_score_handler([this](int level, int position, int) { long_score(level, position); });
+    connect(m_rr_view, &RrDrawView::longScoreRequested, this, &DrawArea::rr_long_score);
     connect(m_events, &QListWidget::itemClicked, this, &DrawArea::event_clicked);
     connect(m_events, &QListWidget::itemActivated, this, &DrawArea::event_clicked);
     connect(button(QStringLiteral("do draw")), &QPushButton::clicked, this, &DrawArea::do_draw);
@@ -693,10 +713,49 @@ void DrawArea::set_score(int level, int position, const QString& text)
 {
     if (!m_open.draw.on_screen || level < 2 || !m_open.has_slot(level, position))
         return;
-    m_open.slot(level, position).score.matchscore = to_std(text);
+    m_open.slot(level, position).score.matchscore = filter_text(to_std(text));
     KO_imm_save(m_session, m_open, level - 1, 2 * position - 1);
     results_changed(changed_matches(m_open, level - 1, 2 * position - 1));
     show_draw();
+}
+
+void DrawArea::long_score(int level, int position)
+{
+    if (!m_open.draw.on_screen || m_open.draw.drawtype == "rr")
+        return;
+    const auto request = add_ls(m_open, level, position);
+    if (!request)
+        return;
+    const auto& box = m_open.slot(level, position).score;
+    open_addlongscore(
+        m_session, qs(request->top), qs(request->bottom), qs(box.matchscore), qs(box.matchlongscore),
+        [this, level, position](const QString& score, const QString& longscore) {
+            if (!m_open.draw.on_screen || !m_open.has_slot(level, position))
+                return;
+            auto& box = m_open.slot(level, position).score;
+            box.matchscore = filter_text(to_std(score));
+            box.matchlongscore = filter_text(to_std(longscore));
+            KO_imm_save(m_session, m_open, level - 1, 2 * position - 1);
+            results_changed(changed_matches(m_open, level - 1, 2 * position - 1));
+            show_draw();
+        },
+        window());
+}
+
+void DrawArea::rr_long_score(int match)
+{
+    if (!m_open.draw.on_screen || m_open.draw.drawtype != "rr" || match < 1
+        || match > static_cast<int>(m_rr.matches.size()))
+        return;
+    const auto& line = m_rr.match(match);
+    open_addlongscore(
+        m_session, qs(line.top_names.frn), qs(line.bottom_names.frn), qs(line.score), qs(line.longscore),
+        [this, match](const QString& score, const QString& longscore) {
+            if (m_open.draw.on_screen && m_open.draw.drawtype == "rr")
+                m_rr_view->set_long_score(match, score, longscore);
+            show_state();
+        },
+        window());
 }
 
 void DrawArea::results_changed(const std::vector<std::int64_t>& sids)

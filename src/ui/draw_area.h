@@ -88,6 +88,9 @@ public:
     explicit DrawView(QWidget* parent = nullptr);
 
     void set_handlers(Click on_click, Score on_score);
+    // A right click on a score box: the long score of its match is wanted.
+    void set_long_score_handler(Click on_long_score);
+    void long_score(int level, int position);
     // Builds the items for the draw's tree, or only refreshes their texts when the tree has the same shape.
     void show_draw(const OpenDraw& draw);
     void refresh();
@@ -119,6 +122,7 @@ private:
     SlotAddress m_editing;
     Click m_on_click;
     Score m_on_score;
+    Click m_on_long_score;
 };
 
 // The draw area: the list of events (filtered by draw_events_filter), the open draw of the chosen event and the
@@ -195,6 +199,9 @@ public slots:
     void click_slot(int level, int position, int button);
     // A score typed in the box of the slot (level 2 on): the box of the match whose winner the slot holds.
     void set_score(int level, int position, const QString& text);
+    // addlongscore on the score box of the slot (level 2 on), or on a round robin's match line.
+    void long_score(int level, int position);
+    void rr_long_score(int match);
 
 private:
     void event_clicked(QListWidgetItem* item);

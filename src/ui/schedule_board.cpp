@@ -136,7 +136,7 @@ void ScheduleBoardArea::build_upper(QWidget* parent)
         add_button(moves, parent, QString::fromLatin1(caption))->setMinimumWidth(90);
     moves->addSpacing(20);
     for (const char* caption : { "select all", "unselect all", "select all seeds", "unselect all seeds", "show in draw",
-             "add result", "player details", "search", "match counts" })
+             "add result", "match note", "player details", "search", "match counts" })
         add_button(moves, parent, QString::fromLatin1(caption));
     moves->addStretch(1);
 
@@ -258,6 +258,7 @@ void ScheduleBoardArea::init()
     button(QStringLiteral("move matches to day.court"))
         ->setText(qs("move " + words.matches + " to day." + words.court));
     button(QStringLiteral("match counts"))->setText(qs(words.match + " counts"));
+    button(QStringLiteral("match note"))->setText(qs(words.match + " note"));
     m_menu->clear();
     for (const auto& caption : { "day-" + words.court + " map", std::string("free all days"),
              std::string("free current day"), std::string("all unf to cb"), std::string("all empty to cb"),

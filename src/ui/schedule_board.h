@@ -90,6 +90,8 @@ public slots:
     void show_in_draw();
     // "add result": the result window on the chosen match.
     void add_result();
+    // "match note": the notes of the chosen match.
+    void match_note();
     void player_details();
     void search();
     void run_menu(const QString& caption);

@@ -14,6 +14,7 @@
 #include "ui/players_windows.h"
 #include "ui/qt_text.h"
 #include "ui/schedule_board.h"
+#include "ui/score_windows.h"
 #include "ui/setdatescourts_window.h"
 #include "ui/time_choosers.h"
 
@@ -100,6 +101,7 @@ void ScheduleBoardArea::connect_panel(BoardListId which)
     on_click(QStringLiteral("unselect all seeds"), [this] { m_board->list(m_active).select_seeds(false); });
     on_click(QStringLiteral("show in draw"), [this] { show_in_draw(); });
     on_click(QStringLiteral("add result"), [this] { add_result(); });
+    on_click(QStringLiteral("match note"), [this] { match_note(); });
     on_click(QStringLiteral("player details"), [this] { player_details(); });
     on_click(QStringLiteral("search"), [this] { search(); });
     on_click(QStringLiteral("match counts"), [this] { match_counts(); });
@@ -235,6 +237,16 @@ void ScheduleBoardArea::add_result()
         return;
     }
     open_addresult(m_session, *this, window(), *sid);
+}
+
+void ScheduleBoardArea::match_note()
+{
+    const auto sid = chosen_sid(m_board->list(m_active));
+    if (!sid) {
+        m_session.talk().message(m_board->select_match_text());
+        return;
+    }
+    open_matchnote(m_session, *sid, window());
 }
 
 void ScheduleBoardArea::player_details()

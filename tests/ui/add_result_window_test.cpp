@@ -12,6 +12,7 @@
 #include "ui/drawconfig_window.h"
 #include "ui/main_window.h"
 #include "ui/schedule_board.h"
+#include "ui/score_windows.h"
 #include "ui/tournament_area.h"
 #include "ui_test_support.h"
 
@@ -188,6 +189,59 @@ TEST_F(AddResultWindowTest, TheBoardOpensTheWindowOnItsMatchAndCloseConfirmClose
     EXPECT_EQ(window.session().tournament().scalar_text("select mwttt from schedule where sid=?", sids[2]), "player 6");
     const auto line = court.line(*court.find(sids[2])).text;
     EXPECT_NE(line.find("player 6*"), std::string::npos) << line;
+}
+
+} // namespace
+} // namespace qv
+
+namespace qv {
+namespace {
+
+TEST_F(AddResultWindowTest, TheDrawsLongScoreAndTheBoardsMatchNote)
+{
+    window.session().toolbar_click(Area::draw);
+    auto* draw = window.draw_area();
+    ASSERT_TRUE(draw->choose_event(1));
+    ASSERT_TRUE(draw->open_draw().draw.on_screen);
+    const auto sid = draw->open_draw().slot(1, 1).sid;
+
+    // A score typed in the box keeps all but the reserved characters.
+    draw->set_score(2, 1, QStringLiteral("6-3\u00BF 6-4~"));
+    EXPECT_EQ(draw->open_draw().slot(2, 1).score.matchscore, "6-3 6-4");
+
+    draw->long_score(2, 1);
+    auto* longscore = test::last_opened<LongScoreWindow>(window);
+    ASSERT_NE(longscore, nullptr);
+    EXPECT_EQ(longscore->score()->text(), QStringLiteral("6-3 6-4"));
+    longscore->longscore()->setText(QStringLiteral("6-3 (4) 6-4~"));
+    longscore->button(QStringLiteral("save"))->click();
+    EXPECT_EQ(talk.last_message(), "long score cannot contain the character ~");
+    longscore->button(QStringLiteral("clear longscore"))->click();
+    EXPECT_EQ(longscore->longscore()->text(), QString());
+    longscore->longscore()->setText(QStringLiteral("6-3 (4) 7-6"));
+    longscore->button(QStringLiteral("save"))->click();
+    EXPECT_TRUE(test::run_main_loop_until([&] { return test::last_opened<LongScoreWindow>(window) == nullptr; }));
+    EXPECT_EQ(draw->open_draw().slot(2, 1).score.matchlongscore, "6-3 (4) 7-6");
+    EXPECT_EQ(window.session().tournament().scalar_text("select imatchlongscore from schedule where sid=?", sid),
+        "6-3 (4) 7-6");
+
+    // The board's match note on the same match.
+    window.session().toolbar_click(Area::schedule);
+    auto& court = area().board().list(BoardListId::court);
+    court.select_only(*court.find(sid));
+    area().set_active_list(BoardListId::court);
+    area().button(QStringLiteral("match note"))->click();
+    auto* notes = test::last_opened<MatchNoteWindow>(window);
+    ASSERT_NE(notes, nullptr);
+    EXPECT_EQ(notes->windowTitle(), QStringLiteral("match note"));
+    ASSERT_NE(notes->note(1), nullptr);
+    EXPECT_EQ(notes->note(2), nullptr);
+    notes->note(1)->setText(QStringLiteral(" needs a physio "));
+    notes->general()->setText(QStringLiteral("tv"));
+    notes->button(QStringLiteral("save"))->click();
+    EXPECT_EQ(window.session().tournament().scalar_text("select p1_matchnote from schedule where sid=?", sid),
+        "needs a physio");
+    EXPECT_EQ(window.session().tournament().scalar_text("select mg_matchnote from schedule where sid=?", sid), "tv");
 }
 
 } // namespace
