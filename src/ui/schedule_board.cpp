@@ -178,7 +178,7 @@ void ScheduleBoardArea::build_lower(QWidget* parent)
 
     auto* court_buttons = new QHBoxLayout;
     for (const char* caption : { "up 1", "down 1", "copy to clipboard", "paste from clipboard", "order by time",
-             "clear times", "mark unfinished matches live", "mark live matches unfinished" })
+             "clear times", "auto schedule", "mark unfinished matches live", "mark live matches unfinished" })
         add_button(court_buttons, parent, QString::fromLatin1(caption))
             ->setObjectName(QStringLiteral("lower ") + caption);
     court_buttons->addStretch(1);

@@ -92,6 +92,8 @@ public slots:
     void add_result();
     // "match note": the notes of the chosen match.
     void match_note();
+    // "auto schedule": autoschedule_frm on the selected lines of the court list.
+    void auto_schedule();
     void player_details();
     void search();
     void run_menu(const QString& caption);

@@ -1,6 +1,7 @@
 #include "core/match_record.h"
 #include "core/session.h"
 #include "documents/printroutines.h"
+#include "scheduling/autoschedule.h"
 #include "scheduling/board_files.h"
 #include "scheduling/board_find.h"
 #include "scheduling/board_frees.h"
@@ -8,6 +9,7 @@
 #include "scheduling/board_moves.h"
 #include "scheduling/board_times.h"
 #include "ui/add_result_window.h"
+#include "ui/autoschedule_window.h"
 #include "ui/board_list_view.h"
 #include "ui/court_windows.h"
 #include "ui/list_search.h"
@@ -17,6 +19,7 @@
 #include "ui/score_windows.h"
 #include "ui/setdatescourts_window.h"
 #include "ui/time_choosers.h"
+#include "ui/window_behaviour.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -114,6 +117,7 @@ void ScheduleBoardArea::connect_panel(BoardListId which)
     on_click(QStringLiteral("lower paste from clipboard"), [&board] { NET_move_all_cb_to_list4(board); });
     on_click(QStringLiteral("order by time"), [&board] { BF_order_court_by_time(board); });
     on_click(QStringLiteral("clear times"), [&board] { BF_clear_times_selected(board); });
+    on_click(QStringLiteral("auto schedule"), [this] { auto_schedule(); });
     on_click(
         QStringLiteral("lower mark unfinished matches live"), [&board] { mark_unf_live(board, BoardListId::court); });
     on_click(
@@ -237,6 +241,16 @@ void ScheduleBoardArea::add_result()
         return;
     }
     open_addresult(m_session, *this, window(), *sid);
+}
+
+void ScheduleBoardArea::auto_schedule()
+{
+    if (!autoschedule_allowed(*m_board))
+        return;
+    auto* window = new AutoscheduleWindow(
+        m_session, *m_board, [this] { sync(); }, this);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    show_over_parent(window);
 }
 
 void ScheduleBoardArea::match_note()

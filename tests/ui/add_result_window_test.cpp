@@ -1,4 +1,5 @@
 #include "core/session.h"
+#include "results_fixture.h"
 #include "scheduling/add_result.h"
 #include "scheduling/board_moves.h"
 #include "scheduling/schedule_board.h"
@@ -31,68 +32,9 @@
 namespace qv {
 namespace {
 
-// Keys as the user types them: each character goes through the box's own editing.
-void type(QLineEdit* box, const QString& text)
-{
-    box->setFocus();
-    box->selectAll();
-    for (const auto c : text) {
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-        QApplication::sendEvent(box, &press);
-    }
-}
-void press_enter(QWidget* widget)
-{
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-    QApplication::sendEvent(widget, &press);
-}
-
-// A boys' draw of 16 on day one's first court, every match placed, no result yet.
-class AddResultWindowTest : public ::testing::Test
-{
-protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    MainWindow window { dir.path(), &talk };
-
-    void SetUp() override
-    {
-        window.resize(1280, 860);
-        window.show();
-        auto& session = window.session();
-        session.boot_start_app(dir.new_tournament().string());
-        ASSERT_TRUE(session.has_tournament());
-        session.tournament().exec_script("pragma synchronous=off; pragma journal_mode=memory;");
-        test::save_ko_draw(session, 1, "boys 16", 16, 16);
-        test::make_tournament_days(session, 1, 2);
-        window.load_all_forms();
-        auto& board = area().board();
-        board.loadschedule();
-        board.choose_day("mon02mar26");
-        board.choose_court(1);
-        board.list(BoardListId::unscheduled).select_all(true);
-        ASSERT_TRUE(NET_move_sel_schedule_to_list4(board));
-        ASSERT_TRUE(board.loadcourt());
-        area().after_result();
-        talk.clear();
-    }
-
-    ScheduleBoardArea& area() { return *static_cast<ScheduleBoardArea*>(window.area_page(Area::schedule)); }
-    std::vector<std::int64_t> sids_in_match_order()
-    {
-        std::vector<std::int64_t> sids;
-        for (auto q = window.session().tournament().query(
-                 "select sid from schedule where eid=1 and rname<>'winner' order by \"match\"");
-             q.step();)
-            sids.push_back(q.integer(0));
-        return sids;
-    }
-    AddResultWindow* open_from_tournament_area()
-    {
-        test::click_operation(*window.tournament_area(), OperationList::tournament, QStringLiteral("add results"));
-        return test::last_opened<AddResultWindow>(window);
-    }
-};
+using test::press_enter;
+using test::type;
+using AddResultWindowTest = test::ResultsBoardFixture;
 
 TEST_F(AddResultWindowTest, EveryResultOfADrawOfSixteenByMatchNumber)
 {
@@ -190,12 +132,6 @@ TEST_F(AddResultWindowTest, TheBoardOpensTheWindowOnItsMatchAndCloseConfirmClose
     const auto line = court.line(*court.find(sids[2])).text;
     EXPECT_NE(line.find("player 6*"), std::string::npos) << line;
 }
-
-} // namespace
-} // namespace qv
-
-namespace qv {
-namespace {
 
 TEST_F(AddResultWindowTest, TheDrawsLongScoreAndTheBoardsMatchNote)
 {
