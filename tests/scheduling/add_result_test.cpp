@@ -185,6 +185,26 @@ TEST_F(AddResultTest, TheBoardFollowsAResult)
         db->scalar_text("select ind from scheduledays_courts where sdate=? and cid=1", std::string(day1)), "\u00BF");
 }
 
+TEST_F(AddResultTest, TheUnscheduledListIsPatchedAsAReloadWouldShowIt)
+{
+    board->set_tick(BoardListId::unscheduled, "empty", false);
+    board->set_tick(BoardListId::unscheduled, "dead", false);
+    const auto r1 = first_round(1);
+    for (auto sid : { r1[0], r1[1], r1[3], first_round(2)[0], r1[2] })
+        add(sid, ResultWinner::top);
+    const auto patched = board->list(BoardListId::unscheduled).lines();
+    const auto counts = board->counts(BoardListId::unscheduled);
+    board->loadschedule();
+    const auto& reloaded = board->list(BoardListId::unscheduled).lines();
+    ASSERT_EQ(patched.size(), reloaded.size());
+    for (std::size_t i = 0; i < patched.size(); ++i) {
+        EXPECT_EQ(patched[i].sid, reloaded[i].sid) << i;
+        EXPECT_EQ(patched[i].text, reloaded[i].text) << i;
+    }
+    EXPECT_EQ(counts, board->counts(BoardListId::unscheduled));
+    EXPECT_EQ(counts.dead, 5);
+}
+
 TEST_F(AddResultTest, TheConfirmationFollowsTheChoice)
 {
     const auto r1 = first_round(1);
