@@ -144,8 +144,9 @@ AddResultWindow::AddResultWindow(Session& session, ScheduleBoardArea& board, QWi
     connect(button(QStringLiteral("close")), &QPushButton::clicked, this, &QDialog::reject);
     connect(m_top, &QPushButton::clicked, this, [this] { mark(ResultWinner::top); });
     connect(m_bottom, &QPushButton::clicked, this, [this] { mark(ResultWinner::bottom); });
-    connect(m_score, &QLineEdit::textEdited, this, [this] { filter_score(m_score); });
-    connect(m_longscore, &QLineEdit::textEdited, this, [this] { filter_score(m_longscore); });
+    // The round robin's score filter trims, so it runs when the box is left rather than at each key.
+    connect(m_score, &QLineEdit::editingFinished, this, [this] { filter_score(m_score); });
+    connect(m_longscore, &QLineEdit::editingFinished, this, [this] { filter_score(m_longscore); });
     connect(m_points1, &QLineEdit::textEdited, this, [this] { filter_points(m_points1); });
     connect(m_points2, &QLineEdit::textEdited, this, [this] { filter_points(m_points2); });
     connect(m_onsave, &QComboBox::activated, this,
@@ -291,9 +292,11 @@ void AddResultWindow::filter_score(QLineEdit* box)
 {
     if (m_filtering)
         return;
-    const bool rr = m_loaded && m_loaded->drawtype == "rr";
+    // A knock-out's scores are taken as typed: the save names a reserved character.
+    if (!m_loaded || m_loaded->drawtype != "rr")
+        return;
     const auto text = to_std(box->text());
-    const auto kept = rr ? filter_text_rr(text) : filter_text(text);
+    const auto kept = filter_text_rr(text);
     if (kept != text) {
         m_filtering = true;
         box->setText(qs(kept));

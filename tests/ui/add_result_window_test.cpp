@@ -58,8 +58,15 @@ TEST_F(AddResultWindowTest, EveryResultOfADrawOfSixteenByMatchNumber)
         ASSERT_TRUE(results->loaded()) << sid;
         ASSERT_TRUE(results->top()->isEnabled());
         results->top()->click();
-        type(results->score(), QStringLiteral("6-3 \u00BF6-4"));
-        EXPECT_EQ(results->score()->text(), QStringLiteral("6-3 6-4"));
+        if (sid == sids.front()) {
+            // A reserved character typed in a knock-out's score stops the save with its message.
+            type(results->score(), QStringLiteral("6-3 \u00BF6-4"));
+            results->button(QStringLiteral("save"))->click();
+            EXPECT_EQ(talk.messages(), std::vector<std::string> { "short score cannot contain the character \u00BF" });
+            EXPECT_EQ(window.session().tournament().scalar_text("select mwttt from schedule where sid=?", sid), "");
+            talk.clear();
+        }
+        type(results->score(), QStringLiteral("6-3 6-4"));
         results->button(QStringLiteral("save"))->click();
         // "beep confirm": the number is selected for the next one to be typed over it.
         EXPECT_EQ(results->number()->selectedText(), QString::number(sid));
