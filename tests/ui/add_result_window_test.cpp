@@ -140,6 +140,43 @@ TEST_F(AddResultWindowTest, TheBoardOpensTheWindowOnItsMatchAndCloseConfirmClose
     EXPECT_NE(line.find("player 6*"), std::string::npos) << line;
 }
 
+TEST_F(AddResultWindowTest, RoundRobinPointsByScoringMode)
+{
+    auto& session = window.session();
+    test::save_rr_draw(session, 2, "group a", 3, 1, 0);
+    test::save_rr_draw(session, 3, "group b", 3, 2, 0);
+    auto& db = session.tournament();
+    const auto first_of
+        = [&db](int eid) { return db.scalar_integer("select sid from schedule where eid=? order by \"match\"", eid); };
+    auto* results = open_from_tournament_area();
+    ASSERT_NE(results, nullptr);
+
+    // Mode 1: points are typed, the score follows them and cannot be typed.
+    ASSERT_TRUE(results->loadsid(first_of(2)));
+    EXPECT_FALSE(results->points1()->isHidden());
+    EXPECT_TRUE(results->score()->isReadOnly());
+    type(results->points1(), QStringLiteral("2a.5"));
+    EXPECT_EQ(results->points1()->text(), QStringLiteral("2.5"));
+    type(results->points2(), QStringLiteral("1"));
+    EXPECT_EQ(results->score()->text(), QStringLiteral("2.5/1"));
+    results->top()->click();
+    results->button(QStringLiteral("save"))->click();
+    const auto sid = first_of(2);
+    EXPECT_EQ(db.scalar_text("select matchscore || ',' || points1 || ',' || ipoints2 from schedule where sid=?", sid),
+        "2.5/1,2.5,1");
+    EXPECT_EQ(db.scalar_text("select mwttt from schedule where sid=?", sid),
+        db.scalar_text("select mtttt from schedule where sid=?", sid));
+
+    // Mode 2: a win is a point, following the mark.
+    ASSERT_TRUE(results->loadsid(first_of(3)));
+    EXPECT_TRUE(results->points1()->isReadOnly());
+    EXPECT_FALSE(results->score()->isReadOnly());
+    results->bottom()->click();
+    EXPECT_EQ(results->points1()->text() + results->points2()->text(), QStringLiteral("01"));
+    results->bottom()->click();
+    EXPECT_EQ(results->points1()->text() + results->points2()->text(), QStringLiteral("00"));
+}
+
 TEST_F(AddResultWindowTest, TheDrawsLongScoreAndTheBoardsMatchNote)
 {
     window.session().toolbar_click(Area::draw);
