@@ -33,6 +33,22 @@ std::optional<NextRow> next_row(Database& db, std::int64_t eid, const std::strin
     return NextRow { row.integer(0), row.text(1) == mw_ptr ? 't' : 'b', row.text(2) };
 }
 
+// The state rules of the event, in their order (an empty side "1", both sides "2" unless unfinished, a winner "3",
+// a bye "0", the later rule winning), for the rows a result wrote: no other row's state depends on them.
+void recompute_written_states(Database& db, const std::vector<std::int64_t>& sids)
+{
+    auto update = db.query("update schedule set match_state = case "
+                           "when mtttt='bye' or mbttt='bye' then '0' "
+                           "when mtttt<>'' and mbttt<>'' and mwttt<>'' then '3' "
+                           "when mtttt='' or mbttt='' then '1' "
+                           "when match_state='2.1' then '2.1' else '2' end where sid=?");
+    for (auto sid : sids) {
+        update.bind_all(sid);
+        update.step();
+        update.reset();
+    }
+}
+
 ResultWinner winner_of(std::string_view mwtag, std::string_view mttag, std::string_view mbtag)
 {
     if (mwtag.empty())
@@ -226,7 +242,7 @@ std::vector<std::int64_t> write_result(Session& session, const MatchResult& resu
         store_changed(db, next->sid);
         written.push_back(next->sid);
     }
-    recompute_match_states(db, eid);
+    recompute_written_states(db, written);
     transaction.commit();
     return written;
 }

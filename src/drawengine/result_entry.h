@@ -63,9 +63,9 @@ void rr_result_mode(int pts, MatchResult& result);
 bool check_result_texts(UserTalk& talk, std::string_view drawtype, const MatchResult& result);
 
 // Writes a result to its row, live and shadow columns alike: the winner's three name forms, the scores and for a
-// round robin the points; a knock-out's winner then goes into its side of the row named by mw_ptr. The event's
-// states are recomputed. Returns the rows written (the match first); empty when the match has gone or its
-// following round has a winner other than the one the match already had.
+// round robin the points; a knock-out's winner then goes into its side of the row named by mw_ptr. The rows
+// written take their states by the rules of the match record. Returns the rows written (the match first); empty
+// when the match has gone, or when its following round has a winner (said: the winner cannot change then).
 std::vector<std::int64_t> write_result(Session& session, const MatchResult& result);
 
 } // namespace qv

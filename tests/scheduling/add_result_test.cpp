@@ -87,6 +87,27 @@ TEST_F(AddResultTest, AWinnerGoesOnWithLiveAndShadowColumns)
     EXPECT_EQ(column(r1[1], "match_state"), "2");
 }
 
+TEST_F(AddResultTest, StatesOfTheRowsWrittenFollowTheEventsRules)
+{
+    const auto r1 = first_round(1);
+    const auto semi = sid_of(1, "2.1");
+    add(r1[0], ResultWinner::top);
+    add(r1[1], ResultWinner::top);
+    db->run("update schedule set match_state='2.1' where sid=?", semi);
+    add(r1[1], ResultWinner::bottom); // an unfinished match keeps its mark when a side changes
+    EXPECT_EQ(column(semi, "match_state"), "2.1");
+    add(r1[2], ResultWinner::top);
+    BF_add_result(*board, result(r1[3], ResultWinner::none, ""), OnSave::beep_confirm);
+    std::vector<std::string> states;
+    for (auto q = db->query("select match_state from schedule order by sid"); q.step();)
+        states.push_back(q.text(0));
+    recompute_match_states(*db, 1);
+    std::vector<std::string> recomputed;
+    for (auto q = db->query("select match_state from schedule order by sid"); q.step();)
+        recomputed.push_back(q.text(0));
+    EXPECT_EQ(states, recomputed);
+}
+
 TEST_F(AddResultTest, AMatchWhoseNextRoundIsPlayedCannotBeChanged)
 {
     const auto r1 = first_round(1);
