@@ -132,6 +132,11 @@ AddResultWindow::AddResultWindow(Session& session, ScheduleBoardArea& board, QWi
     layout->addLayout(buttons);
 
     set_main_button(this, save_button);
+    m_details->setFocusPolicy(Qt::NoFocus);
+    set_tab_chain({ m_number, load_button, m_top, m_bottom, m_points1, m_points2, m_score, m_longscore, m_onsave,
+        m_hold, m_close_on_jump, save_button, button(QStringLiteral("show in draw")),
+        button(QStringLiteral("show in schedule")), button(QStringLiteral("following round match id")),
+        button(QStringLiteral("close")) });
     // Enter in the number box loads; everywhere else it saves.
     run_on_enter(m_number, [this] { load(); });
     connect(load_button, &QPushButton::clicked, this, &AddResultWindow::load);

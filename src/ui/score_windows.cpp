@@ -70,7 +70,7 @@ LongScoreWindow::LongScoreWindow(Session& session, const QString& top, const QSt
     layout->addLayout(buttons);
 
     set_main_button(this, save_button);
-    set_tab_chain({ m_score, m_longscore, save_button, close, clear_score, clear_long });
+    set_tab_chain({ m_score, clear_score, m_longscore, clear_long, save_button, close });
     connect(save_button, &QPushButton::clicked, this, &LongScoreWindow::save);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
     connect(clear_score, &QPushButton::clicked, m_score, &QLineEdit::clear);

@@ -4,7 +4,9 @@
 #include "entries/filters.h"
 #include "support/scripted_talk.h"
 #include "support/temp_app_dir.h"
+#include "ui/add_result_window.h"
 #include "ui/add_to_event_window.h"
+#include "ui/autoschedule_window.h"
 #include "ui/clear_data_dialog.h"
 #include "ui/control_panel.h"
 #include "ui/drawconfig_window.h"
@@ -17,8 +19,11 @@
 #include "ui/players_filter_window.h"
 #include "ui/players_windows.h"
 #include "ui/qt_user_talk.h"
+#include "ui/schedule_board.h"
+#include "ui/score_windows.h"
 #include "ui/seeding_patterns_window.h"
 #include "ui/toolbar_windows.h"
+#include "ui/window_behaviour.h"
 #include "ui_test_support.h"
 
 #include <QApplication>
@@ -183,6 +188,20 @@ TEST_F(WindowBehaviourTest, EverySmallWindowTabsInReadingOrderOpensOverTheMainWi
                 return test::last_opened<Notepad2>(w);
             } },
         { "tools", [](MainWindow& w) { return w.open_tools(); } },
+        { "add result",
+            [](MainWindow& w) { return open_addresult(w.session(), *w.findChild<ScheduleBoardArea*>(), &w); } },
+        { "long score",
+            [](MainWindow& w) {
+                return open_addlongscore(
+                    w.session(), QStringLiteral("al"), QStringLiteral("bo"), QStringLiteral("6-3"), QString(), {}, &w);
+            } },
+        { "auto-schedule matches",
+            [](MainWindow& w) {
+                auto* form = new AutoscheduleWindow(w.session(), w.findChild<ScheduleBoardArea*>()->board(), {}, &w);
+                form->setAttribute(Qt::WA_DeleteOnClose);
+                show_over_parent(form);
+                return form;
+            } },
     };
     for (const auto& each : windows) {
         SCOPED_TRACE(each.name);
