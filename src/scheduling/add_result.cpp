@@ -96,14 +96,18 @@ void follow_lists(ScheduleBoard& board, const std::vector<std::int64_t>& sids, c
     }
 }
 
-// The days and courts whose counts the result changed. Matches off the days are counted by LIVE_MATCH_COUNTS_ALL
-// only: numbering their list would disturb the clipboard's order.
-std::vector<DayCourt> counted_places(Database& db, std::int64_t eid, const std::vector<std::int64_t>& sids)
+// The days and courts of the rows written, whose counts the result changed; those rows' prev_match_state catches
+// up, as after a draw's save. Matches off the days are counted by LIVE_MATCH_COUNTS_ALL only: numbering their list
+// would disturb the clipboard's order.
+std::vector<DayCourt> counted_places(Database& db, const std::vector<std::int64_t>& sids)
 {
     auto places = match_places(db, sids);
-    for (auto& place : do_live_match_counts(db, eid))
-        if (std::find(places.begin(), places.end(), place) == places.end())
-            places.push_back(std::move(place));
+    auto counted = db.query("update schedule set prev_match_state=match_state where sid=?");
+    for (auto sid : sids) {
+        counted.bind_all(sid);
+        counted.step();
+        counted.reset();
+    }
     std::erase_if(places, [](const DayCourt& place) { return place.scheduledate.empty(); });
     return places;
 }
@@ -142,7 +146,7 @@ AfterResult BF_add_result(ScheduleBoard& board, const MatchResult& result, OnSav
     if (written.empty())
         return AfterResult::refused;
     const auto eid = db.scalar_integer("select eid from schedule where sid=?", result.sid);
-    const auto places = counted_places(db, eid, written);
+    const auto places = counted_places(db, written);
     for (const auto& place : places)
         live_match_counts(db, place.scheduledate, place.cid);
     transaction.commit();
