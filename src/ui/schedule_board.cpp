@@ -3,14 +3,18 @@
 #include "core/match_record.h"
 #include "core/session.h"
 #include "scheduling/board_files.h"
+#include "ui/add_result_window.h"
+#include "ui/autoschedule_window.h"
 #include "ui/board_list_view.h"
 #include "ui/qt_text.h"
+#include "ui/score_windows.h"
 #include "ui/setdatescourts_window.h"
 #include "ui/time_choosers.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -285,6 +289,11 @@ void ScheduleBoardArea::init()
 void ScheduleBoardArea::clear()
 {
     close_setdatescourts();
+    // The windows over a match go with the file.
+    for (auto* each : window()->findChildren<QDialog*>())
+        if (qobject_cast<AddResultWindow*>(each) || qobject_cast<MatchNoteWindow*>(each)
+            || qobject_cast<LongScoreWindow*>(each) || qobject_cast<AutoscheduleWindow*>(each))
+            each->close();
     m_board->clear();
     m_event_filter->blockSignals(true);
     m_event_filter->clear();

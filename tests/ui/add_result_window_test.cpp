@@ -222,6 +222,12 @@ TEST_F(AddResultWindowTest, TheDrawsLongScoreAndTheBoardsMatchNote)
     EXPECT_EQ(window.session().tournament().scalar_text("select p1_matchnote from schedule where sid=?", sid),
         "needs a physio");
     EXPECT_EQ(window.session().tournament().scalar_text("select mg_matchnote from schedule where sid=?", sid), "tv");
+
+    // The windows over a match go when the file closes.
+    auto* results = open_from_tournament_area();
+    ASSERT_NE(results, nullptr);
+    area().clear();
+    EXPECT_TRUE(test::run_main_loop_until([&] { return test::last_opened<AddResultWindow>(window) == nullptr; }));
 }
 
 } // namespace
