@@ -140,6 +140,28 @@ TEST_F(AddResultWindowTest, TheBoardOpensTheWindowOnItsMatchAndCloseConfirmClose
     EXPECT_NE(line.find("player 6*"), std::string::npos) << line;
 }
 
+TEST_F(AddResultWindowTest, ShowInScheduleFindsTheMatchAndMayCloseTheWindow)
+{
+    auto* results = open_from_tournament_area();
+    ASSERT_NE(results, nullptr);
+    results->button(QStringLiteral("show in schedule"))->click();
+    EXPECT_EQ(talk.last_message(), "no match loaded");
+    const auto sid = sids_in_match_order()[4];
+    ASSERT_TRUE(results->loadsid(sid));
+    results->button(QStringLiteral("show in schedule"))->click();
+    EXPECT_EQ(window.current_page(), &area());
+    auto& court = area().board().list(BoardListId::court);
+    ASSERT_TRUE(court.find(sid));
+    EXPECT_TRUE(court.line(*court.find(sid)).selected);
+    EXPECT_TRUE(results->isVisible());
+
+    results->close_on_jump()->setChecked(true);
+    EXPECT_EQ(window.session().settings().integer("addres.close_on_sid_sis"), 1);
+    results->button(QStringLiteral("show in draw"))->click();
+    EXPECT_EQ(window.current_page(), window.draw_area());
+    EXPECT_TRUE(test::run_main_loop_until([&] { return test::last_opened<AddResultWindow>(window) == nullptr; }));
+}
+
 TEST_F(AddResultWindowTest, RoundRobinPointsByScoringMode)
 {
     auto& session = window.session();
