@@ -46,49 +46,6 @@ std::optional<std::int64_t> find_row(Database& db, std::int64_t eid, char side, 
     return row.integer("sid");
 }
 
-// The winner's name and what travels with it go to the side it plays on next, as the row now holds them.
-void carry_winner(Database& db, std::int64_t sid, std::int64_t next_sid, std::string_view prefix, char next_side)
-{
-    const std::string p(prefix);
-    SideVals vals;
-    {
-        auto row = db.query("select * from schedule where sid = ?", sid);
-        if (!row.step())
-            return;
-        vals.ttt = row.text(p + "mwttt");
-        vals.frn = row.text(p + "mwfrn");
-        vals.tag = row.text(p + "mwtag");
-        std::string from;
-        if (vals.ttt == row.text(p + "mtttt"))
-            from = "mt";
-        else if (vals.ttt == row.text(p + "mbttt"))
-            from = "mb";
-        if (!from.empty()) {
-            vals.ar = row.text(p + from + "ar");
-            vals.sex = row.text(p + from + "sex");
-            vals.country = row.text(p + from + "_country");
-            vals.seeding = row.text(p + from + "seeding");
-        }
-    }
-    if (!vals.ttt.empty())
-        std::tie(vals.pa, vals.pb) = split_people(vals.ttt);
-
-    const std::string m = p + "m" + next_side;
-    const bool top = next_side == 't';
-    write_row(db, next_sid,
-        {
-            { m + "ttt", vals.ttt },
-            { m + "frn", vals.frn },
-            { m + "tag", vals.tag },
-            { m + "ar", vals.ar },
-            { m + "sex", vals.sex },
-            { m + "_country", vals.country },
-            { m + "seeding", vals.seeding },
-            { p + (top ? "p1" : "p3"), vals.pa },
-            { p + (top ? "p2" : "p4"), vals.pb },
-        });
-}
-
 // Draw columns with a shadow, in the order of the copy statements.
 constexpr std::array<std::string_view, 23> shadowed = { "mtttt", "mtfrn", "mttag", "mbttt", "mbfrn", "mbtag", "mwttt",
     "mwfrn", "mwtag", "p1", "p2", "p3", "p4", "mtseeding", "mbseeding", "mtar", "mbar", "mtsex", "mbsex", "mt_country",
@@ -153,6 +110,48 @@ void reload(Session& session, OpenDraw& open, const DrawSaveHooks& hooks)
 }
 
 } // namespace
+
+void carry_winner(Database& db, std::int64_t sid, std::int64_t next_sid, std::string_view prefix, char next_side)
+{
+    const std::string p(prefix);
+    SideVals vals;
+    {
+        auto row = db.query("select * from schedule where sid = ?", sid);
+        if (!row.step())
+            return;
+        vals.ttt = row.text(p + "mwttt");
+        vals.frn = row.text(p + "mwfrn");
+        vals.tag = row.text(p + "mwtag");
+        std::string from;
+        if (vals.ttt == row.text(p + "mtttt"))
+            from = "mt";
+        else if (vals.ttt == row.text(p + "mbttt"))
+            from = "mb";
+        if (!from.empty()) {
+            vals.ar = row.text(p + from + "ar");
+            vals.sex = row.text(p + from + "sex");
+            vals.country = row.text(p + from + "_country");
+            vals.seeding = row.text(p + from + "seeding");
+        }
+    }
+    if (!vals.ttt.empty())
+        std::tie(vals.pa, vals.pb) = split_people(vals.ttt);
+
+    const std::string m = p + "m" + next_side;
+    const bool top = next_side == 't';
+    write_row(db, next_sid,
+        {
+            { m + "ttt", vals.ttt },
+            { m + "frn", vals.frn },
+            { m + "tag", vals.tag },
+            { m + "ar", vals.ar },
+            { m + "sex", vals.sex },
+            { m + "_country", vals.country },
+            { m + "seeding", vals.seeding },
+            { p + (top ? "p1" : "p3"), vals.pa },
+            { p + (top ? "p2" : "p4"), vals.pb },
+        });
+}
 
 std::optional<LeaveReason> leave_reason_from_word(std::string_view word)
 {

@@ -93,6 +93,11 @@ void BF_rollback_draw(Session& session, OpenDraw& draw, const DrawSaveHooks& hoo
 // save as u go. Nothing while the draw is new.
 void KO_imm_save(Session& session, OpenDraw& draw, int level, int position);
 
+// The winner of row sid, with what travels with it, into side next_side ('t' or 'b') of row next_sid, as the row
+// now holds it; prefix "i" for the shadow columns, "" for the live ones.
+void carry_winner(
+    Database& tournament, std::int64_t sid, std::int64_t next_sid, std::string_view prefix, char next_side);
+
 // True when the row's live and shadow columns differ. The row must carry the columns of schedule.
 bool diff_vals(const Statement& row);
 // Sets the row's changed from diff_vals; returns it.

@@ -1,5 +1,6 @@
 #include "scheduling/board_list.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace qv {
@@ -17,6 +18,16 @@ void BoardList::append(BoardLine line)
     m_lines.push_back(std::move(line));
     if (m_observer)
         m_observer->line_inserted(size() - 1);
+}
+
+void BoardList::insert(int row, BoardLine line)
+{
+    row = std::clamp(row, 0, size());
+    m_lines.insert(m_lines.begin() + row, std::move(line));
+    if (m_current >= row)
+        ++m_current;
+    if (m_observer)
+        m_observer->line_inserted(row);
 }
 
 void BoardList::remove(int row)

@@ -55,6 +55,8 @@ public:
     void assign(std::vector<BoardLine> lines);
     void clear() { assign({}); }
     void append(BoardLine line);
+    // The line goes in before the row (at the end for a row past it).
+    void insert(int row, BoardLine line);
     void remove(int row);
     void set_text(int row, std::string text);
     void swap(int a, int b);

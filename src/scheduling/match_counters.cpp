@@ -79,6 +79,18 @@ void StateCounts::add(std::string_view match_state)
         ++dead;
 }
 
+void StateCounts::remove(std::string_view match_state)
+{
+    if (match_state == "1")
+        --empty;
+    else if (match_state == "2")
+        --live;
+    else if (match_state == "2.1")
+        --unf;
+    else if (match_state == "3")
+        --dead;
+}
+
 std::string state_marks(const StateCounts& counts)
 {
     std::string marks;

@@ -18,6 +18,7 @@ struct StateCounts
     std::int64_t dead = 0;
 
     void add(std::string_view match_state);
+    void remove(std::string_view match_state);
     std::int64_t total() const { return empty + live + unf + dead; }
     friend bool operator==(const StateCounts&, const StateCounts&) = default;
 };

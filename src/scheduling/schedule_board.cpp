@@ -392,6 +392,12 @@ bool ScheduleBoard::set_hold(BoardListId which, bool on)
     return true;
 }
 
+void ScheduleBoard::recount(BoardListId which, std::string_view from, std::string_view to)
+{
+    m_counts[index(which)].remove(from);
+    m_counts[index(which)].add(to);
+}
+
 std::string ScheduleBoard::counts_text(BoardListId which) const
 {
     const auto& c = counts(which);

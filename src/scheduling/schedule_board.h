@@ -156,6 +156,8 @@ public:
     // Hold refresh; refused while the list has 30001 lines or more. False when refused.
     bool set_hold(BoardListId which, bool on);
     const StateCounts& counts(BoardListId which) const { return m_counts[index(which)]; }
+    // A match counted by a list changed state without the list being read again.
+    void recount(BoardListId which, std::string_view from, std::string_view to);
     std::string counts_text(BoardListId which) const;
 
     // The lines of a match for each list.

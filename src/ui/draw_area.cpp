@@ -6,6 +6,7 @@
 #include "drawengine/ko_row_values.h"
 #include "drawengine/name_forms.h"
 #include "drawengine/replacements.h"
+#include "drawengine/result_entry.h"
 #include "drawengine/rr_saving.h"
 #include "drawengine/rr_scoring.h"
 #include "entries/filters.h"
@@ -17,6 +18,7 @@
 #include "ui/qt_text.h"
 #include "ui/replacement_windows.h"
 #include "ui/rr_draw_view.h"
+#include "ui/score_windows.h"
 #include "ui/window_behaviour.h"
 
 #include <QApplication>
@@ -179,6 +181,11 @@ void DrawSlotItem::mousePressEvent(QGraphicsSceneMouseEvent* event)
         m_view.edit_score(m_level, m_position);
         return;
     }
+    // A right click on a score box asks for the long score.
+    if (event->button() == Qt::RightButton && score_rect().contains(event->pos())) {
+        m_view.long_score(m_level, m_position);
+        return;
+    }
     if (event->button() == Qt::LeftButton) {
         if (const auto field = field_at(event->pos().x())) {
             m_view.field_clicked(m_position, *field);
@@ -228,6 +235,17 @@ bool DrawView::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     return QGraphicsView::eventFilter(watched, event);
+}
+
+void DrawView::set_long_score_handler(Click on_long_score)
+{
+    m_on_long_score = std::move(on_long_score);
+}
+
+void DrawView::long_score(int level, int position)
+{
+    if (m_on_long_score)
+        m_on_long_score(level, position, right_button);
 }
 
 void DrawView::set_handlers(Click on_click, Score on_score)
@@ -385,7 +403,7 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     left->addWidget(m_events, 1);
     left->addWidget(m_filter_tag);
     for (const char* caption : { "do draw", "save draw", "rollback to last save", "byes thru", "do all draws",
-             "delete draw", "draw config", "force draw config", "force draw" }) {
+             "delete draw", "draw config", "add result", "force draw config", "force draw" }) {
         auto* button = new QPushButton(QString::fromLatin1(caption), this);
         button->setAutoDefault(false);
         left->addWidget(button);
@@ -437,6 +455,8 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
             menu->popup(QCursor::pos());
     });
 
+    m_view->set_long_score_handler([this](int level, int position, int) { long_score(level, position); });
+    connect(m_rr_view, &RrDrawView::longScoreRequested, this, &DrawArea::rr_long_score);
     connect(m_events, &QListWidget::itemClicked, this, &DrawArea::event_clicked);
     connect(m_events, &QListWidget::itemActivated, this, &DrawArea::event_clicked);
     connect(button(QStringLiteral("do draw")), &QPushButton::clicked, this, &DrawArea::do_draw);
@@ -449,6 +469,8 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     connect(
         button(QStringLiteral("force draw config")), &QPushButton::clicked, this, &DrawArea::open_force_draw_config);
     connect(button(QStringLiteral("force draw")), &QPushButton::clicked, this, &DrawArea::force_draw);
+    connect(button(QStringLiteral("add result")), &QPushButton::clicked, this,
+        [this] { emit resultRequested(m_last_sid); });
     connect(m_save_as_u_go, &QCheckBox::toggled, this,
         [this](bool on) { setting_toggled(m_save_as_u_go, "draw.isaveasugo", on); });
     connect(m_save_no_prompt, &QCheckBox::toggled, this,
@@ -485,6 +507,7 @@ void DrawArea::init()
     m_view->clear_draw();
     m_open = OpenDraw {};
     m_rr.clear();
+    m_last_sid = 0;
     load_settings();
     reload_events();
     show_draw();
@@ -497,6 +520,7 @@ void DrawArea::clear()
     m_view->clear_draw();
     m_open = OpenDraw {};
     m_rr.clear();
+    m_last_sid = 0;
     m_events->clear();
     m_filter_tag->clear();
     show_state();
@@ -751,6 +775,7 @@ void DrawArea::click_slot(int level, int position, int button)
 {
     if (!m_open.draw.on_screen || !m_open.has_slot(level, position))
         return;
+    m_last_sid = m_open.slot(level, position).sid;
     const auto result = master_click(m_session, m_open, level, position, button);
     if (result.outcome == ClickOutcome::first_round_menu)
         emit firstRoundMenuRequested(position);
@@ -865,10 +890,49 @@ void DrawArea::set_score(int level, int position, const QString& text)
 {
     if (!m_open.draw.on_screen || level < 2 || !m_open.has_slot(level, position))
         return;
-    m_open.slot(level, position).score.matchscore = to_std(text);
+    m_open.slot(level, position).score.matchscore = filter_text(to_std(text));
     KO_imm_save(m_session, m_open, level - 1, 2 * position - 1);
     results_changed(changed_matches(m_open, level - 1, 2 * position - 1));
     show_draw();
+}
+
+void DrawArea::long_score(int level, int position)
+{
+    if (!m_open.draw.on_screen || m_open.draw.drawtype == "rr")
+        return;
+    const auto request = add_ls(m_open, level, position);
+    if (!request)
+        return;
+    const auto& box = m_open.slot(level, position).score;
+    open_addlongscore(
+        m_session, qs(request->top), qs(request->bottom), qs(box.matchscore), qs(box.matchlongscore),
+        [this, level, position](const QString& score, const QString& longscore) {
+            if (!m_open.draw.on_screen || !m_open.has_slot(level, position))
+                return;
+            auto& box = m_open.slot(level, position).score;
+            box.matchscore = filter_text(to_std(score));
+            box.matchlongscore = filter_text(to_std(longscore));
+            KO_imm_save(m_session, m_open, level - 1, 2 * position - 1);
+            results_changed(changed_matches(m_open, level - 1, 2 * position - 1));
+            show_draw();
+        },
+        window());
+}
+
+void DrawArea::rr_long_score(int match)
+{
+    if (!m_open.draw.on_screen || m_open.draw.drawtype != "rr" || match < 1
+        || match > static_cast<int>(m_rr.matches.size()))
+        return;
+    const auto& line = m_rr.match(match);
+    open_addlongscore(
+        m_session, qs(line.top_names.frn), qs(line.bottom_names.frn), qs(line.score), qs(line.longscore),
+        [this, match](const QString& score, const QString& longscore) {
+            if (m_open.draw.on_screen && m_open.draw.drawtype == "rr")
+                m_rr_view->set_long_score(match, score, longscore);
+            show_state();
+        },
+        window());
 }
 
 void DrawArea::results_changed(const std::vector<std::int64_t>& sids)

@@ -100,6 +100,9 @@ public:
 
     void set_handlers(Click on_click, Score on_score);
     void set_field_handler(FieldClick on_field) { m_on_field = std::move(on_field); }
+    // A right click on a score box: the long score of its match is wanted.
+    void set_long_score_handler(Click on_long_score);
+    void long_score(int level, int position);
     // Builds the items for the draw's tree, or only refreshes their texts when the tree has the same shape.
     void show_draw(const OpenDraw& draw);
     void refresh();
@@ -133,6 +136,7 @@ private:
     Click m_on_click;
     Score m_on_score;
     FieldClick m_on_field;
+    Click m_on_long_score;
 };
 
 // The draw area: the list of events (filtered by draw_events_filter), the open draw of the chosen event and the
@@ -189,6 +193,8 @@ signals:
     void firstRoundMenuRequested(int position);
     // "player details" in the draw configuration.
     void playerDetailsRequested(const QString& player);
+    // "add result": the result window, on the match of the name clicked last (0 for none).
+    void resultRequested(qint64 sid);
 
 public slots:
     // The events list from the filter again, keeping the chosen event.
@@ -219,6 +225,9 @@ public slots:
     QDialog* r1_window() const { return m_r1_window; }
     // A score typed in the box of the slot (level 2 on): the box of the match whose winner the slot holds.
     void set_score(int level, int position, const QString& text);
+    // addlongscore on the score box of the slot (level 2 on), or on a round robin's match line.
+    void long_score(int level, int position);
+    void rr_long_score(int match);
 
 private:
     void event_clicked(QListWidgetItem* item);
@@ -253,6 +262,7 @@ private:
     QPushButton* m_save;
     QPointer<DrawConfigWindow> m_drawconfig;
     QPointer<QDialog> m_r1_window;
+    std::int64_t m_last_sid = 0;
 };
 
 } // namespace qv

@@ -4,6 +4,7 @@
 #include "core/recent_files.h"
 #include "core/session.h"
 #include "datafiles/event_files.h"
+#include "ui/add_result_window.h"
 #include "ui/add_to_event_window.h"
 #include "ui/area_page.h"
 #include "ui/colors.h"
@@ -18,6 +19,7 @@
 #include "ui/print_setup_window.h"
 #include "ui/qt_text.h"
 #include "ui/qt_user_talk.h"
+#include "ui/schedule_board.h"
 #include "ui/start_page.h"
 #include "ui/toolbar_windows.h"
 #include "ui/tournament_area.h"
@@ -150,6 +152,10 @@ void MainWindow::connect_areas()
     };
     hooks.select_draw = [this] { m_session->ishow(Area::draw); };
     hooks.drawconfig_hooks = [this] { return m_draw->drawconfig_hooks(); };
+    hooks.open_addresult = [this] {
+        if (auto* board = findChild<ScheduleBoardArea*>())
+            open_addresult(*m_session, *board, this);
+    };
     register_tournament_operations(*m_tournament, *m_session, hooks);
     connect(m_draw, &DrawArea::playerDetailsRequested, this,
         [this](const QString& player) { open_player_details_by_name(*m_session, player.toStdString(), this); });

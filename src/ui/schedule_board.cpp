@@ -3,14 +3,18 @@
 #include "core/match_record.h"
 #include "core/session.h"
 #include "scheduling/board_files.h"
+#include "ui/add_result_window.h"
+#include "ui/autoschedule_window.h"
 #include "ui/board_list_view.h"
 #include "ui/qt_text.h"
+#include "ui/score_windows.h"
 #include "ui/setdatescourts_window.h"
 #include "ui/time_choosers.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -136,7 +140,7 @@ void ScheduleBoardArea::build_upper(QWidget* parent)
         add_button(moves, parent, QString::fromLatin1(caption))->setMinimumWidth(90);
     moves->addSpacing(20);
     for (const char* caption : { "select all", "unselect all", "select all seeds", "unselect all seeds", "show in draw",
-             "availability restrictions", "player details", "search", "match counts" })
+             "availability restrictions", "player details", "add result", "match note", "search", "match counts" })
         add_button(moves, parent, QString::fromLatin1(caption));
     moves->addStretch(1);
 
@@ -178,7 +182,7 @@ void ScheduleBoardArea::build_lower(QWidget* parent)
 
     auto* court_buttons = new QHBoxLayout;
     for (const char* caption : { "up 1", "down 1", "copy to clipboard", "paste from clipboard", "order by time",
-             "clear times", "mark unfinished matches live", "mark live matches unfinished" })
+             "clear times", "auto schedule", "mark unfinished matches live", "mark live matches unfinished" })
         add_button(court_buttons, parent, QString::fromLatin1(caption))
             ->setObjectName(QStringLiteral("lower ") + caption);
     court_buttons->addStretch(1);
@@ -258,6 +262,7 @@ void ScheduleBoardArea::init()
     button(QStringLiteral("move matches to day.court"))
         ->setText(qs("move " + words.matches + " to day." + words.court));
     button(QStringLiteral("match counts"))->setText(qs(words.match + " counts"));
+    button(QStringLiteral("match note"))->setText(qs(words.match + " note"));
     m_menu->clear();
     for (const auto& caption : { "day-" + words.court + " map", std::string("free all days"),
              std::string("free current day"), std::string("all unf to cb"), std::string("all empty to cb"),
@@ -284,6 +289,11 @@ void ScheduleBoardArea::init()
 void ScheduleBoardArea::clear()
 {
     close_setdatescourts();
+    // The windows over a match go with the file.
+    for (auto* each : window()->findChildren<QDialog*>())
+        if (qobject_cast<AddResultWindow*>(each) || qobject_cast<MatchNoteWindow*>(each)
+            || qobject_cast<LongScoreWindow*>(each) || qobject_cast<AutoscheduleWindow*>(each))
+            each->close();
     m_board->clear();
     m_event_filter->blockSignals(true);
     m_event_filter->clear();

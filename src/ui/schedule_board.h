@@ -76,6 +76,8 @@ public:
 public slots:
     // "show in schedule" of the other windows: the board to the front with the match in view (findmatch).
     bool show_match(qint64 sid);
+    // A result was saved elsewhere: the counts, choosers and lists as the board holds them now.
+    void after_result();
     void show_upper(BoardListId which);
     void choose_day_row(int row);
     void choose_court_row(int row);
@@ -86,6 +88,12 @@ public slots:
     void set_time();
     void grab_time();
     void show_in_draw();
+    // "add result": the result window on the chosen match.
+    void add_result();
+    // "match note": the notes of the chosen match.
+    void match_note();
+    // "auto schedule": autoschedule_frm on the selected lines of the court list.
+    void auto_schedule();
     void player_details();
     void availability();
     void search();

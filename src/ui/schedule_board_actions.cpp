@@ -1,6 +1,7 @@
 #include "core/match_record.h"
 #include "core/session.h"
 #include "documents/printroutines.h"
+#include "scheduling/autoschedule.h"
 #include "scheduling/availability.h"
 #include "scheduling/board_files.h"
 #include "scheduling/board_find.h"
@@ -8,14 +9,18 @@
 #include "scheduling/board_marks.h"
 #include "scheduling/board_moves.h"
 #include "scheduling/board_times.h"
+#include "ui/add_result_window.h"
+#include "ui/autoschedule_window.h"
 #include "ui/board_list_view.h"
 #include "ui/court_windows.h"
 #include "ui/list_search.h"
 #include "ui/players_windows.h"
 #include "ui/qt_text.h"
 #include "ui/schedule_board.h"
+#include "ui/score_windows.h"
 #include "ui/setdatescourts_window.h"
 #include "ui/time_choosers.h"
+#include "ui/window_behaviour.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -99,6 +104,8 @@ void ScheduleBoardArea::connect_panel(BoardListId which)
     on_click(QStringLiteral("select all seeds"), [this] { m_board->list(m_active).select_seeds(true); });
     on_click(QStringLiteral("unselect all seeds"), [this] { m_board->list(m_active).select_seeds(false); });
     on_click(QStringLiteral("show in draw"), [this] { show_in_draw(); });
+    on_click(QStringLiteral("add result"), [this] { add_result(); });
+    on_click(QStringLiteral("match note"), [this] { match_note(); });
     on_click(QStringLiteral("player details"), [this] { player_details(); });
     on_click(QStringLiteral("availability restrictions"), [this] { availability(); });
     on_click(QStringLiteral("search"), [this] { search(); });
@@ -112,6 +119,7 @@ void ScheduleBoardArea::connect_panel(BoardListId which)
     on_click(QStringLiteral("lower paste from clipboard"), [&board] { NET_move_all_cb_to_list4(board); });
     on_click(QStringLiteral("order by time"), [&board] { BF_order_court_by_time(board); });
     on_click(QStringLiteral("clear times"), [&board] { BF_clear_times_selected(board); });
+    on_click(QStringLiteral("auto schedule"), [this] { auto_schedule(); });
     on_click(
         QStringLiteral("lower mark unfinished matches live"), [&board] { mark_unf_live(board, BoardListId::court); });
     on_click(
@@ -141,6 +149,12 @@ bool ScheduleBoardArea::show_match(qint64 sid)
     fill_event_filter();
     sync();
     return found;
+}
+
+void ScheduleBoardArea::after_result()
+{
+    if (m_session.has_tournament())
+        sync();
 }
 
 void ScheduleBoardArea::choose_day_row(int row)
@@ -219,6 +233,36 @@ void ScheduleBoardArea::show_in_draw()
         return;
     }
     BF_find_match_in_draw(*m_board, *sid);
+}
+
+void ScheduleBoardArea::add_result()
+{
+    const auto sid = chosen_sid(m_board->list(m_active));
+    if (!sid) {
+        m_session.talk().message(m_board->select_match_text());
+        return;
+    }
+    open_addresult(m_session, *this, window(), *sid);
+}
+
+void ScheduleBoardArea::auto_schedule()
+{
+    if (!autoschedule_allowed(*m_board))
+        return;
+    auto* window = new AutoscheduleWindow(
+        m_session, *m_board, [this] { sync(); }, this);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    show_over_parent(window);
+}
+
+void ScheduleBoardArea::match_note()
+{
+    const auto sid = chosen_sid(m_board->list(m_active));
+    if (!sid) {
+        m_session.talk().message(m_board->select_match_text());
+        return;
+    }
+    open_matchnote(m_session, *sid, window());
 }
 
 void ScheduleBoardArea::player_details()

@@ -1,4 +1,5 @@
 #include "core/session.h"
+#include "ui/add_result_window.h"
 #include "ui/draw_area.h"
 #include "ui/drawconfig_window.h"
 #include "ui/main_window.h"
@@ -87,6 +88,8 @@ void ScheduleBoardArea::connect_main()
     link.reload_draw = [draw] { draw->refresh_on_entry(); };
     link.locate = [draw](const MatchInDraw& match) { locate_in_draw(*draw, match); };
 
+    connect(draw, &DrawArea::resultRequested, this,
+        [this](qint64 sid) { open_addresult(m_session, *this, window(), sid); });
     connect(m_main.match_count_button(), &QToolButton::clicked, this, &ScheduleBoardArea::match_counts);
 }
 

@@ -135,9 +135,13 @@ void keep_tournament_order(QListWidget* list)
         list->addItem(item);
 }
 
-void register_tournament(TournamentArea& area, Session& session)
+void register_tournament(TournamentArea& area, Session& session, const TournamentOperationHooks& hooks)
 {
     auto* parent = area.window();
+    area.add_operation(OperationList::tournament, QStringLiteral("add results"), [&session, hooks] {
+        if (session.has_tournament() && hooks.open_addresult)
+            hooks.open_addresult();
+    });
     area.add_operation(OperationList::tournament, QStringLiteral("tournament"), [&session, parent] {
         if (session.has_tournament())
             show_over_parent(new TournamentConfigWindow(session, parent));
@@ -161,7 +165,7 @@ bool search_list(QListWidget* list, const QString& text)
 
 void register_tournament_operations(TournamentArea& area, Session& session, TournamentOperationHooks hooks)
 {
-    register_tournament(area, session);
+    register_tournament(area, session, hooks);
     register_events(area, session, hooks);
     register_players(area, session);
 }

@@ -23,6 +23,8 @@ struct TournamentOperationHooks
     std::function<void()> select_draw;
     // The draw configuration reaches the open draw through these, so a draw in progress locks the editor.
     std::function<DrawConfigHooks()> drawconfig_hooks;
+    // "add results": the result window.
+    std::function<void()> open_addresult;
 };
 
 // "search" on a main list: the next line after the current one that holds the text, case-blind, wrapping round

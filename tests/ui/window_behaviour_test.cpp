@@ -4,7 +4,9 @@
 #include "entries/filters.h"
 #include "support/scripted_talk.h"
 #include "support/temp_app_dir.h"
+#include "ui/add_result_window.h"
 #include "ui/add_to_event_window.h"
+#include "ui/autoschedule_window.h"
 #include "ui/clear_data_dialog.h"
 #include "ui/control_panel.h"
 #include "ui/drawconfig_window.h"
@@ -20,6 +22,8 @@
 #include "ui/players_windows.h"
 #include "ui/print_setup_window.h"
 #include "ui/qt_user_talk.h"
+#include "ui/schedule_board.h"
+#include "ui/score_windows.h"
 #include "ui/seeding_patterns_window.h"
 #include "ui/toolbar_windows.h"
 #include "ui/tournament_config_window.h"
@@ -200,6 +204,20 @@ TEST_F(WindowBehaviourTest, EverySmallWindowTabsInReadingOrderOpensOverTheMainWi
             [](MainWindow& w) { return shown(new TournamentConfigWindow(w.session(), &w)); } },
         { "print configuration", [](MainWindow& w) { return shown(new PrintSetupWindow(w.session(), &w)); } },
         { "load draw gif", [](MainWindow& w) { return shown(new LoadDrawGifWindow(w.session(), &w)); } },
+        { "add result",
+            [](MainWindow& w) { return open_addresult(w.session(), *w.findChild<ScheduleBoardArea*>(), &w); } },
+        { "long score",
+            [](MainWindow& w) {
+                return open_addlongscore(
+                    w.session(), QStringLiteral("al"), QStringLiteral("bo"), QStringLiteral("6-3"), QString(), {}, &w);
+            } },
+        { "auto-schedule matches",
+            [](MainWindow& w) {
+                auto* form = new AutoscheduleWindow(w.session(), w.findChild<ScheduleBoardArea*>()->board(), {}, &w);
+                form->setAttribute(Qt::WA_DeleteOnClose);
+                show_over_parent(form);
+                return form;
+            } },
     };
     for (const auto& each : windows) {
         SCOPED_TRACE(each.name);
