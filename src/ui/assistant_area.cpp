@@ -1,0 +1,215 @@
+#include "ui/assistant_area.h"
+
+#include "core/session.h"
+#include "core/sports_vocabulary.h"
+#include "scheduling/assistant_stats.h"
+#include "ui/main_window.h"
+#include "ui/qt_text.h"
+#include "ui/schedule_board.h"
+#include "ui/visual_grid.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace qv {
+
+QPushButton* assistant_button(QBoxLayout* row, QWidget* parent, const QString& caption)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(caption);
+    row->addWidget(button);
+    return button;
+}
+
+AssistantArea::AssistantArea(Session& session, MainWindow& main, QWidget* parent)
+    : AreaPage(parent)
+    , m_session(session)
+    , m_main(main)
+    , m_tabs(new QTabWidget(this))
+{
+    setObjectName(QStringLiteral("assistant_new"));
+    setWindowTitle(QStringLiteral("Birds Eye"));
+    m_tabs->addTab(build_stats(), QStringLiteral("statistics"));
+    m_tabs->addTab(build_lists(), QStringLiteral("match lists"));
+    m_tabs->addTab(build_counts(), QStringLiteral("player counts"));
+    m_tabs->addTab(build_conflicts(), QStringLiteral("time conflicts"));
+    m_tabs->addTab(build_visual(), QStringLiteral("visual"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_tabs);
+}
+
+QPushButton* AssistantArea::button(const QString& caption) const
+{
+    return findChild<QPushButton*>(caption);
+}
+
+ScheduleBoard* AssistantArea::board() const
+{
+    auto* area = qobject_cast<ScheduleBoardArea*>(m_main.area_page(Area::schedule));
+    return area ? &area->board() : nullptr;
+}
+
+ListStates AssistantArea::ticks(const char* prefix, const char* suffix) const
+{
+    const auto& settings = m_session.settings();
+    auto on = [&](const char* word) { return settings.integer(std::string(prefix) + word + suffix) == 1; };
+    return { on("empty"), on("live"), on("unf"), on("dead") };
+}
+
+QWidget* AssistantArea::build_stats()
+{
+    auto* page = new QWidget(this);
+    m_stats_day = new QComboBox(page);
+    m_stats_day->setObjectName(QStringLiteral("stats_day"));
+    m_stats_day->setMinimumContentsLength(12);
+    m_stats = new QPlainTextEdit(page);
+    m_stats->setReadOnly(true);
+    m_stats->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_stats->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_stats->setTabStopDistance(m_stats->fontMetrics().horizontalAdvance(QLatin1Char(' ')) * 9);
+    auto* row = new QHBoxLayout;
+    row->addWidget(new QLabel(QStringLiteral("day"), page));
+    row->addWidget(m_stats_day);
+    auto* by_event = assistant_button(row, page, QStringLiteral("event"));
+    auto* by_day = assistant_button(row, page, QStringLiteral("day"));
+    auto* by_court = assistant_button(row, page, QStringLiteral("by court"));
+    auto* key = assistant_button(row, page, QStringLiteral("key"));
+    row->addStretch(1);
+    auto* layout = new QVBoxLayout(page);
+    layout->addLayout(row);
+    layout->addWidget(m_stats, 1);
+    connect(by_event, &QPushButton::clicked, this, [this] { show_stats_by(static_cast<int>(StatsBy::event)); });
+    connect(by_day, &QPushButton::clicked, this, [this] { show_stats_by(static_cast<int>(StatsBy::day)); });
+    connect(by_court, &QPushButton::clicked, this, [this] { show_stats_by(static_cast<int>(StatsBy::court)); });
+    connect(key, &QPushButton::clicked, this,
+        [this] { m_stats->setPlainText(qs(stats_key_text(current_sport_words(m_session)))); });
+    return page;
+}
+
+QWidget* AssistantArea::build_counts()
+{
+    auto* page = new QWidget(this);
+    m_counts = new QListWidget(page);
+    m_counts->setObjectName(QStringLiteral("player_counts"));
+    m_counts_order = new QComboBox(page);
+    for (const char* column : { "pn", "live_cnt", "dead_cnt", "unf_cnt" })
+        m_counts_order->addItem(QString::fromLatin1(column));
+    m_counts_desc = new QCheckBox(QStringLiteral("desc"), page);
+    auto* row = new QHBoxLayout;
+    auto* count = assistant_button(row, page, QStringLiteral("count"));
+    row->addWidget(new QLabel(QStringLiteral("order by"), page));
+    row->addWidget(m_counts_order);
+    row->addWidget(m_counts_desc);
+    row->addStretch(1);
+    auto* layout = new QVBoxLayout(page);
+    layout->addLayout(row);
+    layout->addWidget(new QLabel(QStringLiteral("player\tlive\tdead\tunf"), page));
+    layout->addWidget(m_counts, 1);
+    connect(count, &QPushButton::clicked, this, &AssistantArea::count_players);
+    return page;
+}
+
+void AssistantArea::init()
+{
+    auto& settings = m_session.settings();
+    m_counts_order->setCurrentText(qs(settings.text("k_player_matches_order_by")));
+    m_counts_desc->setChecked(settings.text("k_player_matches_order_by_asc_desc") == "desc");
+    m_noday->setChecked(settings.integer("lists_noday") == 1);
+    m_include_cb->setChecked(settings.integer("lists_include") == 1);
+    m_desc->setChecked(settings.integer("lists_desc") == 1);
+    const auto list_states = ticks("be.", "_top_birdseye");
+    const auto visual_states = ticks("visual.", "");
+    const std::array<bool, 4> list_on { list_states.empty, list_states.live, list_states.unf, list_states.dead };
+    const std::array<bool, 4> visual_on { visual_states.empty, visual_states.live, visual_states.unf,
+        visual_states.dead };
+    for (std::size_t i = 0; i < 4; ++i) {
+        m_list_ticks[i]->setChecked(list_on[i]);
+        m_visual_ticks[i]->setChecked(visual_on[i]);
+    }
+    m_tc_minutes->setText(QString::number(settings.integer("schedule.avgmatchtime")));
+    fill_days();
+    load_conflict_days();
+}
+
+void AssistantArea::clear()
+{
+    m_stats->clear();
+    m_counts->clear();
+    m_matches.clear();
+    m_tc_list->clear();
+    m_tc_days->clear();
+    m_tc_match_days->clear();
+    m_tc_court_days->clear();
+    m_visual->set_grid({});
+    for (auto* box : { m_stats_day, m_list_event, m_list_day, m_list_court, m_visual_day })
+        box->clear();
+}
+
+void AssistantArea::fill_days()
+{
+    auto& db = m_session.tournament();
+    // days_basic_stats, days_basic_birdseye and days_basic_visual.
+    m_stats_day->clear();
+    m_stats_day->addItems({ QString::fromLatin1(all_days), QString::fromLatin1(no_day) });
+    m_list_day->clear();
+    m_list_day->addItem(QString::fromLatin1(all_days));
+    for (auto q = db.query("select sdate from scheduledays where sdate <> '' order by idx"); q.step();) {
+        m_stats_day->addItem(qs(q.text(0)));
+        m_list_day->addItem(qs(q.text(0)));
+    }
+    m_visual_day->clear();
+    m_visual_day->addItem(QString::fromLatin1(all_days));
+    for (auto q = db.query(R"(select sdate from scheduledays where sdate in
+             (select distinct scheduledate from schedule where matchtime <> '') order by idx)");
+         q.step();)
+        m_visual_day->addItem(qs(q.text(0)));
+    m_list_event->clear();
+    m_list_event->addItem(QStringLiteral("all events"), QVariant::fromValue<qint64>(0));
+    for (auto q = db.query("select eid, eventname from events where drawdone = 1 order by eid"); q.step();)
+        m_list_event->addItem(
+            QStringLiteral("(%1) ").arg(q.integer(0)) + qs(q.text(1)), QVariant::fromValue<qint64>(q.integer(0)));
+    fill_list_courts();
+}
+
+void AssistantArea::show_stats_by(int by)
+{
+    if (!m_session.has_tournament())
+        return;
+    const auto table = show_stats(m_session.tournament(), current_sport_words(m_session), static_cast<StatsBy>(by),
+        to_std(m_stats_day->currentText()));
+    QString text = qs(table.title) + QStringLiteral("\n\n") + qs(table.header) + QLatin1Char('\n');
+    for (const auto& line : table.lines)
+        text += qs(line) + QLatin1Char('\n');
+    m_stats->setPlainText(text);
+}
+
+void AssistantArea::count_players()
+{
+    if (!m_session.has_tournament())
+        return;
+    auto& db = m_session.tournament();
+    const auto order = to_std(m_counts_order->currentText());
+    const bool desc = m_counts_desc->isChecked();
+    m_session.settings().set_disk_var("k_player_matches_order_by", order);
+    m_session.settings().set_disk_var("k_player_matches_order_by_asc_desc", desc ? "desc" : "asc");
+    {
+        Transaction transaction(db);
+        calc_counts(db);
+        transaction.commit();
+    }
+    m_counts->clear();
+    for (const auto& line : load_player_list(db, order, desc))
+        m_counts->addItem(qs(line));
+}
+
+} // namespace qv

@@ -1,0 +1,114 @@
+#pragma once
+
+#include "scheduling/assistant_lists.h"
+#include "scheduling/board_list.h"
+#include "ui/area_page.h"
+
+#include <array>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPlainTextEdit;
+class QPushButton;
+class QTabWidget;
+
+namespace qv {
+
+class BoardListView;
+class MainWindow;
+class ScheduleBoard;
+class VisualGridWidget;
+
+// The assistant ("Birds Eye"): statistics by event, day and court, the players' match counts, the match lists
+// with their filters (from which the load is distributed), the time conflicts and the visual grid. It reads the
+// schedule and, but for distributing the load, leaves the board's own view alone.
+class AssistantArea : public AreaPage
+{
+    Q_OBJECT
+
+public:
+    AssistantArea(Session& session, MainWindow& main, QWidget* parent = nullptr);
+
+    void init() override;
+    void clear() override;
+
+    QTabWidget* tabs() const { return m_tabs; }
+    QPushButton* button(const QString& caption) const;
+    QPlainTextEdit* stats_text() const { return m_stats; }
+    QComboBox* stats_day() const { return m_stats_day; }
+    QListWidget* counts() const { return m_counts; }
+    QComboBox* list_event() const { return m_list_event; }
+    QComboBox* list_day() const { return m_list_day; }
+    QComboBox* list_court() const { return m_list_court; }
+    QCheckBox* list_noday() const { return m_noday; }
+    QComboBox* list_order() const { return m_order; }
+    BoardListView* match_list() const { return m_list_view; }
+    BoardList& matches() { return m_matches; }
+    QListWidget* tc_days() const { return m_tc_days; }
+    QLineEdit* tc_minutes() const { return m_tc_minutes; }
+    QListWidget* tc_match_days() const { return m_tc_match_days; }
+    QListWidget* tc_court_days() const { return m_tc_court_days; }
+    QListWidget* tc_list() const { return m_tc_list; }
+    QComboBox* visual_day() const { return m_visual_day; }
+    VisualGridWidget* visual() const { return m_visual; }
+
+public slots:
+    void show_stats_by(int by);
+    void count_players();
+    void load_list();
+    void search();
+    void distribute_load();
+    void compute_conflicts();
+    void show_conflicts(bool courts);
+    void purge_conflicts();
+    void show_visual();
+
+private:
+    QWidget* build_stats();
+    QWidget* build_counts();
+    QWidget* build_lists();
+    QWidget* build_conflicts();
+    QWidget* build_visual();
+    void fill_days();
+    void fill_list_courts();
+    void load_conflict_days();
+    ListStates ticks(const char* prefix, const char* suffix) const;
+    ScheduleBoard* board() const;
+
+    Session& m_session;
+    MainWindow& m_main;
+    QTabWidget* m_tabs;
+    QPlainTextEdit* m_stats = nullptr;
+    QComboBox* m_stats_day = nullptr;
+    QListWidget* m_counts = nullptr;
+    QComboBox* m_counts_order = nullptr;
+    QCheckBox* m_counts_desc = nullptr;
+    QComboBox* m_list_event = nullptr;
+    QComboBox* m_list_type = nullptr;
+    QComboBox* m_list_day = nullptr;
+    QComboBox* m_list_court = nullptr;
+    QCheckBox* m_noday = nullptr;
+    QCheckBox* m_include_cb = nullptr;
+    QComboBox* m_order = nullptr;
+    QCheckBox* m_desc = nullptr;
+    QLineEdit* m_search = nullptr;
+    QCheckBox* m_search_equals = nullptr;
+    std::array<QCheckBox*, 4> m_list_ticks {};
+    BoardList m_matches;
+    BoardListView* m_list_view = nullptr;
+    QListWidget* m_tc_days = nullptr;
+    QLineEdit* m_tc_minutes = nullptr;
+    QListWidget* m_tc_match_days = nullptr;
+    QListWidget* m_tc_court_days = nullptr;
+    QLabel* m_tc_heading = nullptr;
+    QListWidget* m_tc_list = nullptr;
+    QComboBox* m_visual_day = nullptr;
+    std::array<QCheckBox*, 4> m_visual_ticks {};
+    VisualGridWidget* m_visual = nullptr;
+    QLabel* m_visual_message = nullptr;
+};
+
+} // namespace qv

@@ -1,0 +1,172 @@
+#include "core/session.h"
+#include "core/sports_vocabulary.h"
+#include "scheduling/assistant_lines.h"
+#include "scheduling/distribute_load.h"
+#include "scheduling/schedule_board.h"
+#include "ui/assistant_area.h"
+#include "ui/board_list_view.h"
+#include "ui/distload_window.h"
+#include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace qv {
+
+QPushButton* assistant_button(QBoxLayout* row, QWidget* parent, const QString& caption);
+
+namespace {
+
+const QStringList list_words { "day", "cid", "mid", "eid", "rnd", "p1", "p2", "time", "a", "score", "details" };
+constexpr std::array<const char*, 4> tick_words { "empty", "live", "unf", "dead" };
+
+} // namespace
+
+QWidget* AssistantArea::build_lists()
+{
+    auto* page = new QWidget(this);
+    m_list_event = new QComboBox(page);
+    m_list_event->setObjectName(QStringLiteral("list_event"));
+    m_list_type = new QComboBox(page);
+    m_list_type->addItems({ QStringLiteral("all"), QStringLiteral("ko"), QStringLiteral("rr") });
+    m_list_day = new QComboBox(page);
+    m_list_day->setObjectName(QStringLiteral("list_day"));
+    m_list_day->setMinimumContentsLength(10);
+    m_list_court = new QComboBox(page);
+    m_list_court->setObjectName(QStringLiteral("list_court"));
+    m_noday = new QCheckBox(QStringLiteral("no day"), page);
+    m_include_cb = new QCheckBox(QStringLiteral("include clipboard"), page);
+    m_order = new QComboBox(page);
+    for (const auto& name : list_order_names())
+        m_order->addItem(qs(name));
+    m_desc = new QCheckBox(QStringLiteral("desc"), page);
+    auto* filters = new QHBoxLayout;
+    for (QWidget* each :
+        std::initializer_list<QWidget*> { m_list_event, m_list_type, m_list_day, m_list_court, m_noday, m_include_cb })
+        filters->addWidget(each);
+    for (std::size_t i = 0; i < tick_words.size(); ++i) {
+        m_list_ticks[i] = new QCheckBox(QString::fromLatin1(tick_words[i]), page);
+        filters->addWidget(m_list_ticks[i]);
+        connect(m_list_ticks[i], &QCheckBox::toggled, this, [this, i](bool on) {
+            if (m_session.has_tournament())
+                m_session.settings().set_disk_var(std::string("be.") + tick_words[i] + "_top_birdseye", on ? "1" : "0");
+        });
+    }
+    filters->addWidget(new QLabel(QStringLiteral("order by"), page));
+    filters->addWidget(m_order);
+    filters->addWidget(m_desc);
+    auto* load = assistant_button(filters, page, QStringLiteral("load"));
+    filters->addStretch(1);
+
+    m_list_view = new BoardListView(m_matches, qs(assistant_list_header), list_words, page);
+    m_list_view->setObjectName(QStringLiteral("match_list"));
+    m_search = new QLineEdit(page);
+    m_search->setObjectName(QStringLiteral("search_name"));
+    m_search_equals = new QCheckBox(QStringLiteral("equals"), page);
+    auto* actions = new QHBoxLayout;
+    actions->addWidget(m_search);
+    actions->addWidget(m_search_equals);
+    auto* search_button = assistant_button(actions, page, QStringLiteral("search"));
+    actions->addSpacing(20);
+    auto* all = assistant_button(actions, page, QStringLiteral("select all"));
+    auto* none = assistant_button(actions, page, QStringLiteral("unselect all"));
+    auto* seeds = assistant_button(actions, page, QStringLiteral("select all seeds"));
+    auto* no_seeds = assistant_button(actions, page, QStringLiteral("unselect all seeds"));
+    auto* distribute = assistant_button(actions, page, QStringLiteral("distribute the load"));
+    actions->addStretch(1);
+
+    auto* layout = new QVBoxLayout(page);
+    layout->addLayout(filters);
+    layout->addWidget(m_list_view->header());
+    layout->addWidget(m_list_view, 1);
+    layout->addLayout(actions);
+
+    connect(m_list_day, &QComboBox::currentIndexChanged, this, [this] { fill_list_courts(); });
+    connect(load, &QPushButton::clicked, this, &AssistantArea::load_list);
+    connect(search_button, &QPushButton::clicked, this, &AssistantArea::search);
+    run_on_enter(m_search, [this] { search(); });
+    connect(all, &QPushButton::clicked, this, [this] { m_matches.select_all(true); });
+    connect(none, &QPushButton::clicked, this, [this] { m_matches.select_all(false); });
+    connect(seeds, &QPushButton::clicked, this, [this] { m_matches.select_seeds(true); });
+    connect(no_seeds, &QPushButton::clicked, this, [this] { m_matches.select_seeds(false); });
+    connect(distribute, &QPushButton::clicked, this, &AssistantArea::distribute_load);
+    return page;
+}
+
+void AssistantArea::fill_list_courts()
+{
+    m_list_court->clear();
+    m_list_court->addItem(QStringLiteral("all courts"));
+    if (!m_session.has_tournament())
+        return;
+    const auto day = to_std(m_list_day->currentText());
+    const auto& words = current_sport_words(m_session);
+    auto q = day == "all days" || day.empty()
+        ? m_session.tournament().query("select distinct cid from scheduledays_courts where sdate <> '' order by cid")
+        : m_session.tournament().query("select cid from scheduledays_courts where sdate=? order by cid", day);
+    while (q.step())
+        m_list_court->addItem(qs(words.court + " " + std::to_string(q.integer(0))), QVariant::fromValue(q.integer(0)));
+}
+
+void AssistantArea::load_list()
+{
+    if (!m_session.has_tournament())
+        return;
+    auto& settings = m_session.settings();
+    settings.set_disk_var("lists_noday", m_noday->isChecked() ? "1" : "0");
+    settings.set_disk_var("lists_include", m_include_cb->isChecked() ? "1" : "0");
+    settings.set_disk_var("lists_desc", m_desc->isChecked() ? "1" : "0");
+    ListFilter filter;
+    filter.eid = m_list_event->currentData().toLongLong();
+    filter.drawtype = to_std(m_list_type->currentText());
+    filter.day = to_std(m_list_day->currentText());
+    if (m_list_court->currentIndex() > 0)
+        filter.cid = m_list_court->currentData().toLongLong();
+    filter.noday = m_noday->isChecked();
+    filter.include_cb = m_include_cb->isChecked();
+    auto& db = m_session.tournament();
+    {
+        Transaction transaction(db);
+        getsql(db, filter);
+        transaction.commit();
+    }
+    const auto order = list_order_from_name(to_std(m_order->currentText())).value_or(ListOrder::event);
+    m_matches.assign(load_match_list(db, order, m_desc->isChecked(), ticks("be.", "_top_birdseye")));
+}
+
+void AssistantArea::search()
+{
+    if (!m_session.has_tournament() || m_search->text().trimmed().isEmpty())
+        return;
+    auto& db = m_session.tournament();
+    {
+        Transaction transaction(db);
+        search_name(db, to_std(m_search->text()), !m_search_equals->isChecked());
+        transaction.commit();
+    }
+    const auto order = list_order_from_name(to_std(m_order->currentText())).value_or(ListOrder::event);
+    m_matches.assign(load_match_list(db, order, m_desc->isChecked(), ticks("be.", "_top_birdseye")));
+}
+
+void AssistantArea::distribute_load()
+{
+    auto* schedule = board();
+    if (!m_session.has_tournament() || !schedule)
+        return;
+    // The day of the list's filter is the day the matches go to.
+    const auto day = m_list_day->currentIndex() > 0 ? to_std(m_list_day->currentText()) : std::string();
+    if (!distload_allowed_assistant(*schedule, m_matches.any_selected(), day))
+        return;
+    auto* window = new DistloadWindow(
+        m_session, *schedule, DistloadCaller::assistant, day, schedule->day_idx_of(day), &m_matches, nullptr, this);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    show_over_parent(window);
+}
+
+} // namespace qv
