@@ -8,9 +8,8 @@
 
 #include <array>
 #include <cstdlib>
-#include <map>
-#include <set>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace qv {
 
@@ -67,9 +66,9 @@ public:
     }
 
 private:
-    std::map<Key, Offender> m_rows;
+    std::unordered_map<Key, Offender> m_rows;
     std::vector<Key> m_order; // a key let go and entered again keeps its first place; the lists read ordered
-    std::set<Key> m_known;
+    std::unordered_set<Key> m_known;
     std::vector<Key> m_touched;
 };
 

@@ -17,6 +17,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -151,8 +152,11 @@ void AssistantArea::clear()
     m_tc_match_days->clear();
     m_tc_court_days->clear();
     m_visual->set_grid({});
-    for (auto* box : { m_stats_day, m_list_event, m_list_day, m_list_court, m_visual_day })
+    // The file is closing: no chooser may read it again on the way out.
+    for (auto* box : { m_stats_day, m_list_event, m_list_day, m_list_court, m_visual_day }) {
+        const QSignalBlocker quiet(box);
         box->clear();
+    }
 }
 
 void AssistantArea::fill_days()
