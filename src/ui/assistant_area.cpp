@@ -153,7 +153,7 @@ void AssistantArea::clear()
     m_tc_court_days->clear();
     m_visual->set_grid({});
     // The file is closing: no chooser may read it again on the way out.
-    for (auto* box : { m_stats_day, m_list_event, m_list_day, m_list_court, m_visual_day }) {
+    for (auto* box : { m_stats_day, m_list_event, m_list_day, m_list_court, m_move_day, m_move_court, m_visual_day }) {
         const QSignalBlocker quiet(box);
         box->clear();
     }
@@ -167,9 +167,11 @@ void AssistantArea::fill_days()
     m_stats_day->addItems({ QString::fromLatin1(all_days), QString::fromLatin1(no_day) });
     m_list_day->clear();
     m_list_day->addItem(QString::fromLatin1(all_days));
+    m_move_day->clear();
     for (auto q = db.query("select sdate from scheduledays where sdate <> '' order by idx"); q.step();) {
         m_stats_day->addItem(qs(q.text(0)));
         m_list_day->addItem(qs(q.text(0)));
+        m_move_day->addItem(qs(q.text(0)));
     }
     m_visual_day->clear();
     m_visual_day->addItem(QString::fromLatin1(all_days));

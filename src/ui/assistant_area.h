@@ -18,6 +18,7 @@ class QTabWidget;
 namespace qv {
 
 class BoardListView;
+class TimeChoosers;
 class MainWindow;
 class ScheduleBoard;
 class VisualGridWidget;
@@ -45,6 +46,9 @@ public:
     QComboBox* list_court() const { return m_list_court; }
     QCheckBox* list_noday() const { return m_noday; }
     QComboBox* list_order() const { return m_order; }
+    QComboBox* move_day() const { return m_move_day; }
+    QComboBox* move_court() const { return m_move_court; }
+    TimeChoosers* times() const { return m_times; }
     BoardListView* match_list() const { return m_list_view; }
     BoardList& matches() { return m_matches; }
     QListWidget* tc_days() const { return m_tc_days; }
@@ -61,6 +65,8 @@ public slots:
     void load_list();
     void search();
     void distribute_load();
+    // The moves, marks and times of the selected lines.
+    void act_on_selection(const QString& caption);
     void compute_conflicts();
     void show_conflicts(bool courts);
     void purge_conflicts();
@@ -74,6 +80,7 @@ private:
     QWidget* build_visual();
     void fill_days();
     void fill_list_courts();
+    void fill_move_courts();
     void load_conflict_days();
     ListStates ticks(const char* prefix, const char* suffix) const;
     ScheduleBoard* board() const;
@@ -99,6 +106,9 @@ private:
     std::array<QCheckBox*, 4> m_list_ticks {};
     BoardList m_matches;
     BoardListView* m_list_view = nullptr;
+    TimeChoosers* m_times = nullptr;
+    QComboBox* m_move_day = nullptr;
+    QComboBox* m_move_court = nullptr;
     QListWidget* m_tc_days = nullptr;
     QLineEdit* m_tc_minutes = nullptr;
     QListWidget* m_tc_match_days = nullptr;

@@ -1,12 +1,14 @@
 #include "core/session.h"
 #include "core/sports_vocabulary.h"
 #include "scheduling/assistant_lines.h"
+#include "scheduling/assistant_moves.h"
 #include "scheduling/distribute_load.h"
 #include "scheduling/schedule_board.h"
 #include "ui/assistant_area.h"
 #include "ui/board_list_view.h"
 #include "ui/distload_window.h"
 #include "ui/qt_text.h"
+#include "ui/time_choosers.h"
 #include "ui/window_behaviour.h"
 
 #include <QCheckBox>
@@ -25,6 +27,13 @@ namespace {
 
 const QStringList list_words { "day", "cid", "mid", "eid", "rnd", "p1", "p2", "time", "a", "score", "details" };
 constexpr std::array<const char*, 4> tick_words { "empty", "live", "unf", "dead" };
+
+// A court as the board's chooser shows it: the court word and the number, or fa, tbc, dcb.
+QString court_label(const std::string& court_word, std::int64_t cid)
+{
+    const char* reserved = cid == -1 ? "fa" : cid == -3 ? "tbc" : cid == -4 ? "dcb" : nullptr;
+    return qs(court_word + " " + (reserved ? std::string(reserved) : std::to_string(cid)));
+}
 
 } // namespace
 
@@ -81,11 +90,33 @@ QWidget* AssistantArea::build_lists()
     auto* distribute = assistant_button(actions, page, QStringLiteral("distribute the load"));
     actions->addStretch(1);
 
+    m_times = new TimeChoosers(page);
+    m_move_day = new QComboBox(page);
+    m_move_day->setObjectName(QStringLiteral("move_day"));
+    m_move_day->setMinimumContentsLength(10);
+    m_move_court = new QComboBox(page);
+    m_move_court->setObjectName(QStringLiteral("move_court"));
+    m_move_court->setMinimumContentsLength(8);
+    auto* changes = new QHBoxLayout;
+    changes->addWidget(m_times);
+    std::vector<QPushButton*> change_buttons { assistant_button(changes, page, QStringLiteral("set match time")) };
+    changes->addSpacing(20);
+    changes->addWidget(m_move_day);
+    changes->addWidget(m_move_court);
+    for (const char* caption : { "move", "move to no day", "copy to clipboard", "mark unfinished matches live",
+             "mark live matches unfinished" })
+        change_buttons.push_back(assistant_button(changes, page, QString::fromLatin1(caption)));
+    changes->addStretch(1);
+
     auto* layout = new QVBoxLayout(page);
     layout->addLayout(filters);
     layout->addWidget(m_list_view->header());
     layout->addWidget(m_list_view, 1);
     layout->addLayout(actions);
+    layout->addLayout(changes);
+    for (auto* each : change_buttons)
+        connect(each, &QPushButton::clicked, this, [this, each] { act_on_selection(each->text()); });
+    connect(m_move_day, &QComboBox::currentIndexChanged, this, [this] { fill_move_courts(); });
 
     connect(m_list_day, &QComboBox::currentIndexChanged, this, [this] { fill_list_courts(); });
     connect(load, &QPushButton::clicked, this, &AssistantArea::load_list);
@@ -111,7 +142,42 @@ void AssistantArea::fill_list_courts()
         ? m_session.tournament().query("select distinct cid from scheduledays_courts where sdate <> '' order by cid")
         : m_session.tournament().query("select cid from scheduledays_courts where sdate=? order by cid", day);
     while (q.step())
-        m_list_court->addItem(qs(words.court + " " + std::to_string(q.integer(0))), QVariant::fromValue(q.integer(0)));
+        m_list_court->addItem(court_label(words.court, q.integer(0)), QVariant::fromValue(q.integer(0)));
+}
+
+void AssistantArea::fill_move_courts()
+{
+    m_move_court->clear();
+    if (!m_session.has_tournament() || m_move_day->currentText().isEmpty())
+        return;
+    const auto& words = current_sport_words(m_session);
+    for (auto q = m_session.tournament().query(
+             "select cid from scheduledays_courts where sdate=? order by cid", to_std(m_move_day->currentText()));
+         q.step();)
+        m_move_court->addItem(court_label(words.court, q.integer(0)), QVariant::fromValue(q.integer(0)));
+}
+
+void AssistantArea::act_on_selection(const QString& caption)
+{
+    auto* schedule = board();
+    if (!m_session.has_tournament() || !schedule)
+        return;
+    if (caption == QStringLiteral("set match time")) {
+        assistant_set_time(*schedule, m_matches, m_times->choice());
+    } else if (caption == QStringLiteral("move")) {
+        const auto cid = m_move_court->currentIndex() >= 0
+            ? std::optional<std::int64_t>(m_move_court->currentData().toLongLong())
+            : std::nullopt;
+        WEB_move_from_list4_to_SPECIAL(*schedule, m_matches, to_std(m_move_day->currentText()), cid);
+    } else if (caption == QStringLiteral("move to no day")) {
+        WEB_move_list4_to_list1_SPECIAL(*schedule, m_matches);
+    } else if (caption == QStringLiteral("copy to clipboard")) {
+        WEB_move_list4_to_cb_SPECIAL(*schedule, m_matches);
+    } else if (caption == QStringLiteral("mark unfinished matches live")) {
+        assistant_mark_unf_live(*schedule, m_matches);
+    } else if (caption == QStringLiteral("mark live matches unfinished")) {
+        assistant_mark_live_unf(*schedule, m_matches);
+    }
 }
 
 void AssistantArea::load_list()

@@ -153,5 +153,35 @@ TEST_F(AssistantAreaTest, ADirectorSpreadsARoundOverEightCourtsAndChecksIt)
     area().grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/assistant_visual_grid.png"));
 }
 
+TEST_F(AssistantAreaTest, TheListsMoveMarkAndTimeTheirMatches)
+{
+    auto& db = window.session().tournament();
+    area().tabs()->setCurrentIndex(1);
+    area().list_noday()->setChecked(true);
+    click(QStringLiteral("load"));
+    ASSERT_EQ(area().match_list()->count(), 32);
+    area().match_list()->item(0)->setSelected(true);
+    area().move_day()->setCurrentText(QString::fromLatin1(day1));
+    // The reserved places are offered too.
+    EXPECT_EQ(area().move_court()->count(), 11);
+    EXPECT_GE(area().move_court()->findText(QStringLiteral("court fa")), 0);
+    area().move_court()->setCurrentIndex(area().move_court()->findData(QVariant::fromValue<qint64>(3)));
+    click(QStringLiteral("move"));
+    EXPECT_EQ(db.scalar_integer("select cid from schedule where sid=1"), 3);
+    EXPECT_TRUE(area().match_list()->item(0)->text().startsWith(QString::fromLatin1(day1) + "\t3\t"));
+
+    area().times()->set_choice({ "at ", "09", "30" });
+    click(QStringLiteral("set match time"));
+    EXPECT_EQ(db.scalar_integer("select matchtime_int from schedule where sid=1"), 570);
+    click(QStringLiteral("mark live matches unfinished"));
+    EXPECT_EQ(db.scalar_text("select match_state from schedule where sid=1"), "2.1");
+    click(QStringLiteral("copy to clipboard"));
+    EXPECT_EQ(db.scalar_integer("select cid from schedule where sid=1"), -2);
+    EXPECT_EQ(db.scalar_integer("select matchtime_int from schedule where sid=1"), -1);
+    click(QStringLiteral("move to no day"));
+    EXPECT_EQ(db.scalar_integer("select cid from schedule where sid=1"), 0);
+    EXPECT_TRUE(talk.said.empty());
+}
+
 } // namespace
 } // namespace qv
