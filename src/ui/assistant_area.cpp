@@ -1,7 +1,9 @@
 #include "ui/assistant_area.h"
 
+#include "core/file_save.h"
 #include "core/session.h"
 #include "core/sports_vocabulary.h"
+#include "documents/printroutines.h"
 #include "scheduling/assistant_stats.h"
 #include "ui/main_window.h"
 #include "ui/qt_text.h"
@@ -60,6 +62,30 @@ ScheduleBoard* AssistantArea::board() const
     return area ? &area->board() : nullptr;
 }
 
+QComboBox* AssistantArea::add_output_chooser(QBoxLayout* row, QWidget* page,
+    std::function<std::vector<std::string>()> lines, std::function<std::string()> file_name)
+{
+    auto* chooser = new QComboBox(page);
+    chooser->setObjectName(QStringLiteral("output"));
+    chooser->addItems({ QStringLiteral("select.."), QStringLiteral("print(l)"), QStringLiteral("print(p)"),
+        QStringLiteral("save to file") });
+    row->addWidget(chooser);
+    connect(chooser, &QComboBox::activated, this, [this, chooser, lines, file_name](int index) {
+        chooser->setCurrentIndex(0);
+        if (!m_session.has_tournament() || index <= 0)
+            return;
+        const auto name = file_name();
+        if (index == 3) {
+            auto& settings = m_session.settings();
+            if (const auto chosen = save_text_file_as(m_session, name, settings.text("app.last_dir_opened"), lines()))
+                settings.set_disk_var("app.last_dir_opened", chosen->parent_path().string());
+            return;
+        }
+        print_lines(m_session, lines(), index == 1 ? "l" : "p", std::filesystem::path(name).stem().string());
+    });
+    return chooser;
+}
+
 ListStates AssistantArea::ticks(const char* prefix, const char* suffix) const
 {
     const auto& settings = m_session.settings();
@@ -85,6 +111,15 @@ QWidget* AssistantArea::build_stats()
     auto* by_day = assistant_button(row, page, QStringLiteral("day"));
     auto* by_court = assistant_button(row, page, QStringLiteral("by court"));
     auto* key = assistant_button(row, page, QStringLiteral("key"));
+    add_output_chooser(
+        row, page,
+        [this] {
+            std::vector<std::string> lines;
+            for (const auto& line : m_stats->toPlainText().split(QLatin1Char('\n')))
+                lines.push_back(to_std(line));
+            return lines;
+        },
+        [] { return std::string("stats.txt"); });
     row->addStretch(1);
     auto* layout = new QVBoxLayout(page);
     layout->addLayout(row);
@@ -111,6 +146,15 @@ QWidget* AssistantArea::build_counts()
     row->addWidget(new QLabel(QStringLiteral("order by"), page));
     row->addWidget(m_counts_order);
     row->addWidget(m_counts_desc);
+    add_output_chooser(
+        row, page,
+        [this] {
+            std::vector<std::string> lines { "player\tlive\tdead\tunf" };
+            for (int i = 0; i < m_counts->count(); ++i)
+                lines.push_back(to_std(m_counts->item(i)->text()));
+            return lines;
+        },
+        [] { return std::string("player") + "counts.txt"; });
     row->addStretch(1);
     auto* layout = new QVBoxLayout(page);
     layout->addLayout(row);

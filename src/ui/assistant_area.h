@@ -5,7 +5,11 @@
 #include "ui/area_page.h"
 
 #include <array>
+#include <functional>
+#include <string>
+#include <vector>
 
+class QBoxLayout;
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -84,6 +88,10 @@ private:
     void load_conflict_days();
     ListStates ticks(const char* prefix, const char* suffix) const;
     ScheduleBoard* board() const;
+    // The chooser under a page: "print(l)", "print(p)" and "save to file" of the page's lines.
+    QComboBox* add_output_chooser(QBoxLayout* row, QWidget* page, std::function<std::vector<std::string>()> lines,
+        std::function<std::string()> file_name);
+    std::vector<std::string> conflict_lines() const;
 
     Session& m_session;
     MainWindow& m_main;
@@ -115,6 +123,7 @@ private:
     QListWidget* m_tc_court_days = nullptr;
     QLabel* m_tc_heading = nullptr;
     QListWidget* m_tc_list = nullptr;
+    bool m_tc_courts = false;
     QComboBox* m_visual_day = nullptr;
     std::array<QCheckBox*, 4> m_visual_ticks {};
     VisualGridWidget* m_visual = nullptr;

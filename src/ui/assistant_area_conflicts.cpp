@@ -78,6 +78,11 @@ QWidget* AssistantArea::build_conflicts()
     auto* court_row = new QHBoxLayout;
     auto* by_court = assistant_button(court_row, page, QStringLiteral("court"));
     left->addLayout(court_row);
+    auto* output_row = new QHBoxLayout;
+    add_output_chooser(
+        output_row, page, [this] { return conflict_lines(); },
+        [this] { return std::string(m_tc_courts ? "court" : "match") + "_time_conflicts.txt"; });
+    left->addLayout(output_row);
 
     auto* right = new QVBoxLayout;
     right->addWidget(m_tc_heading);
@@ -120,6 +125,15 @@ void AssistantArea::compute_conflicts()
     fill_day_list(m_tc_court_days, load_ctc_mtc_days(db, TcKind::court));
 }
 
+std::vector<std::string> AssistantArea::conflict_lines() const
+{
+    std::vector<std::string> lines { std::string(m_tc_courts ? "court" : "match") + " time conflicts",
+        to_std(m_tc_heading->text()), std::string(time_conflicts_header) };
+    for (int row = 0; row < m_tc_list->count(); ++row)
+        lines.push_back(to_std(m_tc_list->item(row)->text()));
+    return lines;
+}
+
 void AssistantArea::show_conflicts(bool courts)
 {
     if (!m_session.has_tournament())
@@ -132,6 +146,7 @@ void AssistantArea::show_conflicts(bool courts)
     }
     const auto list = load_time_conflicts(
         m_session.tournament(), to_std(day->data(Qt::UserRole).toString()), courts ? TcKind::court : TcKind::match);
+    m_tc_courts = courts;
     m_tc_heading->setText(qs(list.heading));
     m_tc_list->clear();
     for (const auto& line : list.lines) {

@@ -88,6 +88,15 @@ QWidget* AssistantArea::build_lists()
     auto* seeds = assistant_button(actions, page, QStringLiteral("select all seeds"));
     auto* no_seeds = assistant_button(actions, page, QStringLiteral("unselect all seeds"));
     auto* distribute = assistant_button(actions, page, QStringLiteral("distribute the load"));
+    add_output_chooser(
+        actions, page,
+        [this] {
+            std::vector<std::string> lines { std::string(assistant_list_header) };
+            for (const auto& line : m_matches.lines())
+                lines.push_back(line.text);
+            return lines;
+        },
+        [] { return std::string("matchlists.txt"); });
     actions->addStretch(1);
 
     m_times = new TimeChoosers(page);

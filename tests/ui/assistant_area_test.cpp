@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include <fstream>
 #include <gtest/gtest.h>
 
 namespace qv {
@@ -181,6 +182,19 @@ TEST_F(AssistantAreaTest, TheListsMoveMarkAndTimeTheirMatches)
     click(QStringLiteral("move to no day"));
     EXPECT_EQ(db.scalar_integer("select cid from schedule where sid=1"), 0);
     EXPECT_TRUE(talk.said.empty());
+
+    // The list saved where the user says, under its own name.
+    const auto saved = dir.path() / "lists.txt";
+    talk.files.push_back({ saved });
+    auto* outputs = area().match_list()->parentWidget()->findChild<QComboBox*>(QStringLiteral("output"));
+    ASSERT_NE(outputs, nullptr);
+    emit outputs->activated(3);
+    ASSERT_FALSE(talk.said.empty());
+    EXPECT_EQ(talk.said.front().text, "matchlists.txt");
+    std::ifstream in(saved);
+    std::string first;
+    std::getline(in, first);
+    EXPECT_EQ(first.substr(0, 8), "day     ");
 }
 
 } // namespace
