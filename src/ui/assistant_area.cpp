@@ -167,8 +167,8 @@ QWidget* AssistantArea::build_counts()
 void AssistantArea::init()
 {
     auto& settings = m_session.settings();
-    m_counts_order->setCurrentText(qs(settings.text("k_player_matches_order_by")));
-    m_counts_desc->setChecked(settings.text("k_player_matches_order_by_asc_desc") == "desc");
+    m_other_order->setCurrentText(qs(settings.text("player_matches_order_by")));
+    m_other_desc->setChecked(settings.text("player_matches_order_by_asc_desc") == "desc");
     m_noday->setChecked(settings.integer("lists_noday") == 1);
     m_include_cb->setChecked(settings.integer("lists_include") == 1);
     m_desc->setChecked(settings.integer("lists_desc") == 1);
@@ -177,9 +177,13 @@ void AssistantArea::init()
     const std::array<bool, 4> list_on { list_states.empty, list_states.live, list_states.unf, list_states.dead };
     const std::array<bool, 4> visual_on { visual_states.empty, visual_states.live, visual_states.unf,
         visual_states.dead };
+    const auto other_states = ticks("om.", "_top_othermatches");
+    const std::array<bool, 4> other_on { true, other_states.live, other_states.unf, other_states.dead };
     for (std::size_t i = 0; i < 4; ++i) {
         m_list_ticks[i]->setChecked(list_on[i]);
         m_visual_ticks[i]->setChecked(visual_on[i]);
+        if (m_other_ticks[i])
+            m_other_ticks[i]->setChecked(other_on[i]);
     }
     m_tc_minutes->setText(QString::number(settings.integer("schedule.avgmatchtime")));
     fill_days();
@@ -191,6 +195,8 @@ void AssistantArea::clear()
     m_stats->clear();
     m_counts->clear();
     m_matches.clear();
+    m_others->clear();
+    m_other_player->clear();
     m_tc_list->clear();
     m_tc_days->clear();
     m_tc_match_days->clear();
@@ -250,8 +256,6 @@ void AssistantArea::count_players()
     auto& db = m_session.tournament();
     const auto order = to_std(m_counts_order->currentText());
     const bool desc = m_counts_desc->isChecked();
-    m_session.settings().set_disk_var("k_player_matches_order_by", order);
-    m_session.settings().set_disk_var("k_player_matches_order_by_asc_desc", desc ? "desc" : "asc");
     {
         Transaction transaction(db);
         calc_counts(db);

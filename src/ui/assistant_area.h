@@ -53,6 +53,8 @@ public:
     QComboBox* move_day() const { return m_move_day; }
     QComboBox* move_court() const { return m_move_court; }
     TimeChoosers* times() const { return m_times; }
+    QComboBox* other_player() const { return m_other_player; }
+    QListWidget* other_matches() const { return m_others; }
     BoardListView* match_list() const { return m_list_view; }
     BoardList& matches() { return m_matches; }
     QListWidget* tc_days() const { return m_tc_days; }
@@ -85,6 +87,9 @@ private:
     void fill_days();
     void fill_list_courts();
     void fill_move_courts();
+    // The players of the match on the current line, for "other matches".
+    void fill_other_players(qint64 sid);
+    void load_other_matches();
     void load_conflict_days();
     ListStates ticks(const char* prefix, const char* suffix) const;
     ScheduleBoard* board() const;
@@ -117,6 +122,11 @@ private:
     TimeChoosers* m_times = nullptr;
     QComboBox* m_move_day = nullptr;
     QComboBox* m_move_court = nullptr;
+    QComboBox* m_other_player = nullptr;
+    QComboBox* m_other_order = nullptr;
+    QCheckBox* m_other_desc = nullptr;
+    std::array<QCheckBox*, 4> m_other_ticks {}; // no tick for the empty matches: they always show
+    QListWidget* m_others = nullptr;
     QListWidget* m_tc_days = nullptr;
     QLineEdit* m_tc_minutes = nullptr;
     QListWidget* m_tc_match_days = nullptr;

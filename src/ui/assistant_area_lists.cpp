@@ -1,5 +1,6 @@
 #include "core/session.h"
 #include "core/sports_vocabulary.h"
+#include "core/utf8.h"
 #include "scheduling/assistant_lines.h"
 #include "scheduling/assistant_moves.h"
 #include "scheduling/distribute_load.h"
@@ -16,7 +17,9 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace qv {
@@ -117,12 +120,53 @@ QWidget* AssistantArea::build_lists()
         change_buttons.push_back(assistant_button(changes, page, QString::fromLatin1(caption)));
     changes->addStretch(1);
 
+    m_other_player = new QComboBox(page);
+    m_other_player->setObjectName(QStringLiteral("other_player"));
+    m_other_player->setMinimumContentsLength(18);
+    m_other_order = new QComboBox(page);
+    for (const auto& name : list_order_names())
+        m_other_order->addItem(qs(name));
+    m_other_desc = new QCheckBox(QStringLiteral("desc"), page);
+    m_others = new QListWidget(page);
+    m_others->setObjectName(QStringLiteral("other_matches"));
+    m_others->setFont(m_list_view->font());
+    auto* other_row = new QHBoxLayout;
+    other_row->addWidget(new QLabel(QStringLiteral("other matches of"), page));
+    other_row->addWidget(m_other_player);
+    for (std::size_t i = 1; i < tick_words.size(); ++i) {
+        m_other_ticks[i] = new QCheckBox(QString::fromLatin1(tick_words[i]), page);
+        other_row->addWidget(m_other_ticks[i]);
+        connect(m_other_ticks[i], &QCheckBox::toggled, this, [this, i](bool on) {
+            if (!m_session.has_tournament())
+                return;
+            m_session.settings().set_disk_var(std::string("om.") + tick_words[i] + "_top_othermatches", on ? "1" : "0");
+            load_other_matches();
+        });
+    }
+    other_row->addWidget(m_other_order);
+    other_row->addWidget(m_other_desc);
+    other_row->addStretch(1);
+
     auto* layout = new QVBoxLayout(page);
     layout->addLayout(filters);
     layout->addWidget(m_list_view->header());
-    layout->addWidget(m_list_view, 1);
+    layout->addWidget(m_list_view, 3);
     layout->addLayout(actions);
     layout->addLayout(changes);
+    layout->addLayout(other_row);
+    layout->addWidget(m_others, 1);
+    connect(m_list_view, &BoardListView::currentSidChanged, this, &AssistantArea::fill_other_players);
+    connect(m_other_player, &QComboBox::currentIndexChanged, this, [this] { load_other_matches(); });
+    connect(m_other_order, &QComboBox::currentIndexChanged, this, [this] {
+        if (m_session.has_tournament())
+            m_session.settings().set_disk_var("player_matches_order_by", to_std(m_other_order->currentText()));
+        load_other_matches();
+    });
+    connect(m_other_desc, &QCheckBox::toggled, this, [this](bool on) {
+        if (m_session.has_tournament())
+            m_session.settings().set_disk_var("player_matches_order_by_asc_desc", on ? "desc" : "asc");
+        load_other_matches();
+    });
     for (auto* each : change_buttons)
         connect(each, &QPushButton::clicked, this, [this, each] { act_on_selection(each->text()); });
     connect(m_move_day, &QComboBox::currentIndexChanged, this, [this] { fill_move_courts(); });
@@ -187,6 +231,31 @@ void AssistantArea::act_on_selection(const QString& caption)
     } else if (caption == QStringLiteral("mark live matches unfinished")) {
         assistant_mark_live_unf(*schedule, m_matches);
     }
+}
+
+void AssistantArea::fill_other_players(qint64 sid)
+{
+    const QSignalBlocker quiet(m_other_player);
+    m_other_player->clear();
+    if (m_session.has_tournament() && sid > 0)
+        for (auto q = m_session.tournament().query("select p1, p2, p3, p4 from schedule where sid=?", sid); q.step();)
+            for (int i = 0; i < 4; ++i)
+                if (!trim(q.text(i)).empty())
+                    m_other_player->addItem(qs(q.text(i)));
+    load_other_matches();
+}
+
+void AssistantArea::load_other_matches()
+{
+    m_others->clear();
+    if (!m_session.has_tournament() || m_other_player->currentText().isEmpty())
+        return;
+    const auto order = list_order_from_name(to_std(m_other_order->currentText())).value_or(ListOrder::day_time);
+    const ListStates states { true, m_other_ticks[1]->isChecked(), m_other_ticks[2]->isChecked(),
+        m_other_ticks[3]->isChecked() };
+    for (const auto& line : load_players_matches(
+             m_session.tournament(), to_std(m_other_player->currentText()), order, m_other_desc->isChecked(), states))
+        m_others->addItem(qs(line.text));
 }
 
 void AssistantArea::load_list()

@@ -161,6 +161,13 @@ TEST_F(AssistantAreaTest, TheListsMoveMarkAndTimeTheirMatches)
     area().list_noday()->setChecked(true);
     click(QStringLiteral("load"));
     ASSERT_EQ(area().match_list()->count(), 32);
+    // The players of the current line, and the matches of the one chosen.
+    db.run("update schedule set p2='p1 top' where sid=2");
+    area().match_list()->setCurrentRow(0);
+    ASSERT_EQ(area().other_player()->count(), 2);
+    EXPECT_EQ(area().other_player()->currentText(), QStringLiteral("p1 top"));
+    EXPECT_EQ(area().other_matches()->count(), 2);
+    area().match_list()->clearSelection();
     area().match_list()->item(0)->setSelected(true);
     area().move_day()->setCurrentText(QString::fromLatin1(day1));
     // The reserved places are offered too.
