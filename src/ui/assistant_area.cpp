@@ -56,9 +56,14 @@ QPushButton* AssistantArea::button(const QString& caption) const
     return findChild<QPushButton*>(caption);
 }
 
+ScheduleBoardArea* AssistantArea::board_area() const
+{
+    return qobject_cast<ScheduleBoardArea*>(m_main.area_page(Area::schedule));
+}
+
 ScheduleBoard* AssistantArea::board() const
 {
-    auto* area = qobject_cast<ScheduleBoardArea*>(m_main.area_page(Area::schedule));
+    auto* area = board_area();
     return area ? &area->board() : nullptr;
 }
 

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,7 @@ class BoardListView;
 class TimeChoosers;
 class MainWindow;
 class ScheduleBoard;
+class ScheduleBoardArea;
 class VisualGridWidget;
 
 // The assistant ("Birds Eye"): statistics by event, day and court, the players' match counts, the match lists
@@ -71,6 +73,10 @@ public slots:
     void load_list();
     void search();
     void distribute_load();
+    // "show in draw", "show in schedule" and "add result" for the current line, else the first selected one.
+    void show_in_draw();
+    void show_in_schedule();
+    void add_result();
     // The moves, marks and times of the selected lines.
     void act_on_selection(const QString& caption);
     void compute_conflicts();
@@ -93,6 +99,9 @@ private:
     void load_conflict_days();
     ListStates ticks(const char* prefix, const char* suffix) const;
     ScheduleBoard* board() const;
+    ScheduleBoardArea* board_area() const;
+    // The match the line operations act on; "select " match when there is none.
+    std::optional<qint64> chosen_sid();
     // The chooser under a page: "print(l)", "print(p)" and "save to file" of the page's lines.
     QComboBox* add_output_chooser(QBoxLayout* row, QWidget* page, std::function<std::vector<std::string>()> lines,
         std::function<std::string()> file_name);

@@ -3,12 +3,15 @@
 #include "core/utf8.h"
 #include "scheduling/assistant_lines.h"
 #include "scheduling/assistant_moves.h"
+#include "scheduling/board_find.h"
 #include "scheduling/distribute_load.h"
 #include "scheduling/schedule_board.h"
+#include "ui/add_result_window.h"
 #include "ui/assistant_area.h"
 #include "ui/board_list_view.h"
 #include "ui/distload_window.h"
 #include "ui/qt_text.h"
+#include "ui/schedule_board.h"
 #include "ui/time_choosers.h"
 #include "ui/window_behaviour.h"
 
@@ -91,6 +94,9 @@ QWidget* AssistantArea::build_lists()
     auto* seeds = assistant_button(actions, page, QStringLiteral("select all seeds"));
     auto* no_seeds = assistant_button(actions, page, QStringLiteral("unselect all seeds"));
     auto* distribute = assistant_button(actions, page, QStringLiteral("distribute the load"));
+    auto* in_draw = assistant_button(actions, page, QStringLiteral("show in draw"));
+    auto* in_schedule = assistant_button(actions, page, QStringLiteral("show in schedule"));
+    auto* result = assistant_button(actions, page, QStringLiteral("add result"));
     add_output_chooser(
         actions, page,
         [this] {
@@ -180,6 +186,9 @@ QWidget* AssistantArea::build_lists()
     connect(seeds, &QPushButton::clicked, this, [this] { m_matches.select_seeds(true); });
     connect(no_seeds, &QPushButton::clicked, this, [this] { m_matches.select_seeds(false); });
     connect(distribute, &QPushButton::clicked, this, &AssistantArea::distribute_load);
+    connect(in_draw, &QPushButton::clicked, this, &AssistantArea::show_in_draw);
+    connect(in_schedule, &QPushButton::clicked, this, &AssistantArea::show_in_schedule);
+    connect(result, &QPushButton::clicked, this, &AssistantArea::add_result);
     return page;
 }
 
@@ -196,6 +205,41 @@ void AssistantArea::fill_list_courts()
         : m_session.tournament().query("select cid from scheduledays_courts where sdate=? order by cid", day);
     while (q.step())
         m_list_court->addItem(court_label(words.court, q.integer(0)), QVariant::fromValue(q.integer(0)));
+}
+
+std::optional<qint64> AssistantArea::chosen_sid()
+{
+    if (m_matches.current() >= 0)
+        return m_matches.line(m_matches.current()).sid;
+    const auto sids = m_matches.selected_sids();
+    if (!sids.empty())
+        return sids.front();
+    m_session.talk().message("select " + current_sport_words(m_session).match);
+    return std::nullopt;
+}
+
+void AssistantArea::show_in_draw()
+{
+    if (!m_session.has_tournament() || !board())
+        return;
+    if (const auto sid = chosen_sid())
+        BF_find_match_in_draw(*board(), *sid);
+}
+
+void AssistantArea::show_in_schedule()
+{
+    if (!m_session.has_tournament() || !board_area())
+        return;
+    if (const auto sid = chosen_sid())
+        board_area()->show_match(*sid);
+}
+
+void AssistantArea::add_result()
+{
+    if (!m_session.has_tournament() || !board_area())
+        return;
+    if (const auto sid = chosen_sid())
+        open_addresult(m_session, *board_area(), window(), *sid);
 }
 
 void AssistantArea::fill_move_courts()

@@ -3,6 +3,7 @@
 #include "support/drawn_tournament.h"
 #include "support/scripted_talk.h"
 #include "support/temp_app_dir.h"
+#include "ui/add_result_window.h"
 #include "ui/assistant_area.h"
 #include "ui/board_list_view.h"
 #include "ui/distload_window.h"
@@ -177,6 +178,14 @@ TEST_F(AssistantAreaTest, TheListsMoveMarkAndTimeTheirMatches)
     click(QStringLiteral("move"));
     EXPECT_EQ(db.scalar_integer("select cid from schedule where sid=1"), 3);
     EXPECT_TRUE(area().match_list()->item(0)->text().startsWith(QString::fromLatin1(day1) + "\t3\t"));
+
+    click(QStringLiteral("show in schedule"));
+    ASSERT_TRUE(board_area().board().shown());
+    EXPECT_EQ(board_area().board().shown()->cid, 3);
+    click(QStringLiteral("add result"));
+    auto* result = open_window<AddResultWindow>();
+    ASSERT_NE(result, nullptr);
+    result->close();
 
     area().times()->set_choice({ "at ", "09", "30" });
     click(QStringLiteral("set match time"));
