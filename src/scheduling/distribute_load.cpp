@@ -149,7 +149,9 @@ DistloadOutcome distload_confirm(ScheduleBoard& board, DistloadCaller caller, co
     settings.set_disk_var("dl.nbat", std::to_string(request.nbat_index));
     settings.set_disk_var("dl.hrs", std::to_string(request.hour_index));
     settings.set_disk_var("dl.mins", std::to_string(request.minute_index));
-    settings.set_disk_var("dl.minsadd", request.minutes);
+    // With the times ignored the box was never checked: only whole minutes are remembered.
+    if (!request.minutes.empty() && !check_integer(request.minutes))
+        settings.set_disk_var("dl.minsadd", request.minutes);
     settings.set_disk_var("dl.check1", request.ignore_time ? "1" : "0");
     BF_distributetheload(board, caller, run, assistant_list);
     return DistloadOutcome::done;

@@ -98,10 +98,12 @@ TEST_F(DistributeLoadTest, IgnoringTimeClearsTheTimesAMatchHad)
 {
     db->run("update schedule set nbat='nb ', matchtime='09:00', matchtime_int=540 where sid=?", sids[0]);
     board->loadschedule();
+    const auto minutes_before = session.settings().get_disk_var("dl.minsadd");
     select(BoardListId::unscheduled, sids);
-    EXPECT_EQ(run(request({ 1, 2, 3 }, "nb ", "10", "00", "", true)), DistloadOutcome::done);
+    EXPECT_EQ(run(request({ 1, 2, 3 }, "nb ", "10", "00", "x", true)), DistloadOutcome::done);
     EXPECT_EQ(places(), (std::vector<std::string> { "1 /-1", "2 /-1", "3 /-1", "1 /-1", "2 /-1" }));
     EXPECT_EQ(session.settings().get_disk_var("dl.check1"), "1");
+    EXPECT_EQ(session.settings().get_disk_var("dl.minsadd"), minutes_before);
 }
 
 TEST_F(DistributeLoadTest, RefusalsInTheirOrderWriteNothing)
