@@ -1,4 +1,5 @@
 #include "ui/area_page.h"
+#include "ui/assistant_area.h"
 #include "ui/payments_area.h"
 #include "ui/prints_area.h"
 #include "ui/schedule_board.h"
@@ -16,6 +17,7 @@ AreaPage* make_area_page(Area area, Session& session, MainWindow& main, QWidget*
     case Area::schedule:
         return new ScheduleBoardArea(session, main, parent);
     case Area::assistant_new:
+        return new AssistantArea(session, main, parent);
     case Area::idocuments:
     case Area::config_admin:
     case Area::mainform:

@@ -6,6 +6,7 @@
 #include "ui/add_result_window.h"
 #include "ui/autoschedule_window.h"
 #include "ui/board_list_view.h"
+#include "ui/distload_window.h"
 #include "ui/qt_text.h"
 #include "ui/score_windows.h"
 #include "ui/setdatescourts_window.h"
@@ -131,7 +132,7 @@ void ScheduleBoardArea::build_upper(QWidget* parent)
     auto* buttons = new QHBoxLayout;
     for (const char* caption :
         { "refresh schedule", "copy to clipboard", "paste from clipboard", "move back to schedule", "order by added",
-            "mark unfinished matches live", "mark live matches unfinished" })
+            "mark unfinished matches live", "mark live matches unfinished", "distribute the load" })
         add_button(buttons, parent, QString::fromLatin1(caption))->setObjectName(QStringLiteral("upper ") + caption);
     buttons->addStretch(1);
 
@@ -292,7 +293,8 @@ void ScheduleBoardArea::clear()
     // The windows over a match go with the file.
     for (auto* each : window()->findChildren<QDialog*>())
         if (qobject_cast<AddResultWindow*>(each) || qobject_cast<MatchNoteWindow*>(each)
-            || qobject_cast<LongScoreWindow*>(each) || qobject_cast<AutoscheduleWindow*>(each))
+            || qobject_cast<LongScoreWindow*>(each) || qobject_cast<AutoscheduleWindow*>(each)
+            || qobject_cast<DistloadWindow*>(each))
             each->close();
     m_board->clear();
     m_event_filter->blockSignals(true);

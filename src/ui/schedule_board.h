@@ -94,6 +94,8 @@ public slots:
     void match_note();
     // "auto schedule": autoschedule_frm on the selected lines of the court list.
     void auto_schedule();
+    // "distribute the load": distributeload on the selected lines of the upper list on show.
+    void distribute_load();
     void player_details();
     void availability();
     void search();

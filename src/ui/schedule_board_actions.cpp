@@ -13,6 +13,7 @@
 #include "ui/autoschedule_window.h"
 #include "ui/board_list_view.h"
 #include "ui/court_windows.h"
+#include "ui/distload_window.h"
 #include "ui/list_search.h"
 #include "ui/players_windows.h"
 #include "ui/qt_text.h"
@@ -120,6 +121,7 @@ void ScheduleBoardArea::connect_panel(BoardListId which)
     on_click(QStringLiteral("order by time"), [&board] { BF_order_court_by_time(board); });
     on_click(QStringLiteral("clear times"), [&board] { BF_clear_times_selected(board); });
     on_click(QStringLiteral("auto schedule"), [this] { auto_schedule(); });
+    on_click(QStringLiteral("upper distribute the load"), [this] { distribute_load(); });
     on_click(
         QStringLiteral("lower mark unfinished matches live"), [&board] { mark_unf_live(board, BoardListId::court); });
     on_click(
@@ -251,6 +253,18 @@ void ScheduleBoardArea::auto_schedule()
         return;
     auto* window = new AutoscheduleWindow(
         m_session, *m_board, [this] { sync(); }, this);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    show_over_parent(window);
+}
+
+void ScheduleBoardArea::distribute_load()
+{
+    if (!distload_allowed_board(*m_board))
+        return;
+    const auto caller = m_board->clipboard_shown() ? DistloadCaller::list1_cb : DistloadCaller::list1;
+    const auto day = m_board->day();
+    auto* window = new DistloadWindow(
+        m_session, *m_board, caller, day, m_board->day_idx_of(day), nullptr, [this] { sync(); }, this);
     window->setAttribute(Qt::WA_DeleteOnClose);
     show_over_parent(window);
 }
