@@ -62,6 +62,7 @@ public:
     QListWidget* tc_days() const { return m_tc_days; }
     QLineEdit* tc_minutes() const { return m_tc_minutes; }
     QListWidget* tc_match_days() const { return m_tc_match_days; }
+    QLabel* tc_match_label() const { return m_tc_match_label; }
     QListWidget* tc_court_days() const { return m_tc_court_days; }
     QListWidget* tc_list() const { return m_tc_list; }
     QComboBox* visual_day() const { return m_visual_day; }
@@ -77,6 +78,8 @@ public slots:
     void show_in_draw();
     void show_in_schedule();
     void add_result();
+    // "player details" of the people of the chosen match.
+    void player_details();
     // The moves, marks and times of the selected lines.
     void act_on_selection(const QString& caption);
     void compute_conflicts();
@@ -140,6 +143,8 @@ private:
     QLineEdit* m_tc_minutes = nullptr;
     QListWidget* m_tc_match_days = nullptr;
     QListWidget* m_tc_court_days = nullptr;
+    QLabel* m_tc_match_label = nullptr;
+    QLabel* m_tc_court_label = nullptr;
     QLabel* m_tc_heading = nullptr;
     QListWidget* m_tc_list = nullptr;
     bool m_tc_courts = false;

@@ -24,7 +24,9 @@ namespace {
 
 constexpr std::array<const char*, 4> tick_words { "empty", "live", "unf", "dead" };
 
-void fill_day_list(QListWidget* list, const std::vector<TcDay>& days)
+// The days of a list; with any, the first is chosen and the list's label is coloured to draw the eye, and an
+// empty list gives its label the window's colour again.
+void fill_day_list(QListWidget* list, const std::vector<TcDay>& days, QLabel* label = nullptr)
 {
     list->clear();
     for (const auto& day : days) {
@@ -33,6 +35,10 @@ void fill_day_list(QListWidget* list, const std::vector<TcDay>& days)
     }
     if (list->count() > 0)
         list->setCurrentRow(0);
+    if (label) {
+        label->setAutoFillBackground(list->count() > 0);
+        label->setStyleSheet(list->count() > 0 ? QStringLiteral("background-color: #ffd27f") : QString());
+    }
 }
 
 } // namespace
@@ -68,12 +74,14 @@ QWidget* AssistantArea::build_conflicts()
     auto* compute = assistant_button(compute_row, page, QStringLiteral("compute"));
     auto* purge = assistant_button(compute_row, page, QStringLiteral("purge"));
     left->addLayout(compute_row);
-    left->addWidget(new QLabel(QStringLiteral("match time conflicts"), page));
+    m_tc_match_label = new QLabel(QStringLiteral("match time conflicts"), page);
+    left->addWidget(m_tc_match_label);
     left->addWidget(m_tc_match_days, 1);
     auto* match_row = new QHBoxLayout;
     auto* by_match = assistant_button(match_row, page, QStringLiteral("match"));
     left->addLayout(match_row);
-    left->addWidget(new QLabel(QStringLiteral("court time conflicts"), page));
+    m_tc_court_label = new QLabel(QStringLiteral("court time conflicts"), page);
+    left->addWidget(m_tc_court_label);
     left->addWidget(m_tc_court_days, 1);
     auto* court_row = new QHBoxLayout;
     auto* by_court = assistant_button(court_row, page, QStringLiteral("court"));
@@ -106,8 +114,8 @@ void AssistantArea::load_conflict_days()
     auto& db = m_session.tournament();
     fill_day_list(m_tc_days, days_basic_tcs(db));
     m_tc_days->clearSelection();
-    fill_day_list(m_tc_match_days, load_ctc_mtc_days(db, TcKind::match));
-    fill_day_list(m_tc_court_days, load_ctc_mtc_days(db, TcKind::court));
+    fill_day_list(m_tc_match_days, load_ctc_mtc_days(db, TcKind::match), m_tc_match_label);
+    fill_day_list(m_tc_court_days, load_ctc_mtc_days(db, TcKind::court), m_tc_court_label);
 }
 
 void AssistantArea::compute_conflicts()
@@ -121,8 +129,8 @@ void AssistantArea::compute_conflicts()
     if (!compute_time_conflicts(m_session, days, to_std(m_tc_minutes->text())))
         return;
     auto& db = m_session.tournament();
-    fill_day_list(m_tc_match_days, load_ctc_mtc_days(db, TcKind::match));
-    fill_day_list(m_tc_court_days, load_ctc_mtc_days(db, TcKind::court));
+    fill_day_list(m_tc_match_days, load_ctc_mtc_days(db, TcKind::match), m_tc_match_label);
+    fill_day_list(m_tc_court_days, load_ctc_mtc_days(db, TcKind::court), m_tc_court_label);
 }
 
 std::vector<std::string> AssistantArea::conflict_lines() const
@@ -165,8 +173,8 @@ void AssistantArea::purge_conflicts()
         kill_all_tcs(db);
         transaction.commit();
     }
-    m_tc_match_days->clear();
-    m_tc_court_days->clear();
+    fill_day_list(m_tc_match_days, {}, m_tc_match_label);
+    fill_day_list(m_tc_court_days, {}, m_tc_court_label);
     m_tc_list->clear();
     m_session.talk().message("purged");
 }

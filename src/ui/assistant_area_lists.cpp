@@ -10,6 +10,7 @@
 #include "ui/assistant_area.h"
 #include "ui/board_list_view.h"
 #include "ui/distload_window.h"
+#include "ui/players_windows.h"
 #include "ui/qt_text.h"
 #include "ui/schedule_board.h"
 #include "ui/time_choosers.h"
@@ -97,6 +98,7 @@ QWidget* AssistantArea::build_lists()
     auto* in_draw = assistant_button(actions, page, QStringLiteral("show in draw"));
     auto* in_schedule = assistant_button(actions, page, QStringLiteral("show in schedule"));
     auto* result = assistant_button(actions, page, QStringLiteral("add result"));
+    auto* details = assistant_button(actions, page, QStringLiteral("player details"));
     add_output_chooser(
         actions, page,
         [this] {
@@ -189,6 +191,7 @@ QWidget* AssistantArea::build_lists()
     connect(in_draw, &QPushButton::clicked, this, &AssistantArea::show_in_draw);
     connect(in_schedule, &QPushButton::clicked, this, &AssistantArea::show_in_schedule);
     connect(result, &QPushButton::clicked, this, &AssistantArea::add_result);
+    connect(details, &QPushButton::clicked, this, &AssistantArea::player_details);
     return page;
 }
 
@@ -240,6 +243,14 @@ void AssistantArea::add_result()
         return;
     if (const auto sid = chosen_sid())
         open_addresult(m_session, *board_area(), window(), *sid);
+}
+
+void AssistantArea::player_details()
+{
+    if (!m_session.has_tournament())
+        return;
+    if (const auto sid = chosen_sid())
+        open_player_details_by_match(m_session, *sid, window());
 }
 
 void AssistantArea::fill_move_courts()

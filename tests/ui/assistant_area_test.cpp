@@ -8,6 +8,7 @@
 #include "ui/board_list_view.h"
 #include "ui/distload_window.h"
 #include "ui/main_window.h"
+#include "ui/players_windows.h"
 #include "ui/schedule_board.h"
 #include "ui/time_choosers.h"
 #include "ui/visual_grid.h"
@@ -16,6 +17,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -138,6 +140,7 @@ TEST_F(AssistantAreaTest, ADirectorSpreadsARoundOverEightCourtsAndChecksIt)
     ASSERT_EQ(area().tc_match_days()->count(), 1);
     EXPECT_EQ(area().tc_match_days()->item(0)->text(), QStringLiteral("mon02mar26(2)"));
     EXPECT_EQ(area().tc_court_days()->item(0)->text(), QStringLiteral("mon02mar26(32)"));
+    EXPECT_FALSE(area().tc_match_label()->styleSheet().isEmpty()) << "a list with days draws the eye";
     click(QStringLiteral("match"));
     EXPECT_EQ(area().tc_list()->count(), 2);
 
@@ -186,6 +189,11 @@ TEST_F(AssistantAreaTest, TheListsMoveMarkAndTimeTheirMatches)
     auto* result = open_window<AddResultWindow>();
     ASSERT_NE(result, nullptr);
     result->close();
+    click(QStringLiteral("player details"));
+    auto* details = open_window<PlayerDetailsWindow>();
+    ASSERT_NE(details, nullptr);
+    details->close();
+    talk.clear();
 
     area().times()->set_choice({ "at ", "09", "30" });
     click(QStringLiteral("set match time"));
