@@ -177,6 +177,8 @@ void AssistantArea::init()
     m_noday->setChecked(settings.integer("lists_noday") == 1);
     m_include_cb->setChecked(settings.integer("lists_include") == 1);
     m_desc->setChecked(settings.integer("lists_desc") == 1);
+    m_hold_list->setChecked(settings.integer("assistant_list4_hfr") == 1);
+    m_hold_others->setChecked(settings.integer("assistant_list3_hfr") == 1);
     const auto list_states = ticks("be.", "_top_birdseye");
     const auto visual_states = ticks("visual.", "");
     const std::array<bool, 4> list_on { list_states.empty, list_states.live, list_states.unf, list_states.dead };

@@ -63,6 +63,7 @@ public:
     QLineEdit* tc_minutes() const { return m_tc_minutes; }
     QListWidget* tc_match_days() const { return m_tc_match_days; }
     QLabel* tc_match_label() const { return m_tc_match_label; }
+    QCheckBox* hold_list() const { return m_hold_list; }
     QListWidget* tc_court_days() const { return m_tc_court_days; }
     QListWidget* tc_list() const { return m_tc_list; }
     QComboBox* visual_day() const { return m_visual_day; }
@@ -80,6 +81,8 @@ public slots:
     void add_result();
     // "player details" of the people of the chosen match.
     void player_details();
+    // After a change made from the lists: each list not on hold is read again.
+    void after_change();
     // The moves, marks and times of the selected lines.
     void act_on_selection(const QString& caption);
     void compute_conflicts();
@@ -126,6 +129,10 @@ private:
     QCheckBox* m_include_cb = nullptr;
     QComboBox* m_order = nullptr;
     QCheckBox* m_desc = nullptr;
+    // Hold refresh of the match list and of the other matches: held, a change patches the lines; else the list
+    // is read again.
+    QCheckBox* m_hold_list = nullptr;
+    QCheckBox* m_hold_others = nullptr;
     QLineEdit* m_search = nullptr;
     QCheckBox* m_search_equals = nullptr;
     std::array<QCheckBox*, 4> m_list_ticks {};

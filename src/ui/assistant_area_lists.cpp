@@ -22,6 +22,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -77,6 +78,8 @@ QWidget* AssistantArea::build_lists()
     filters->addWidget(new QLabel(QStringLiteral("order by"), page));
     filters->addWidget(m_order);
     filters->addWidget(m_desc);
+    m_hold_list = new QCheckBox(QStringLiteral("hold refresh"), page);
+    filters->addWidget(m_hold_list);
     auto* load = assistant_button(filters, page, QStringLiteral("load"));
     filters->addStretch(1);
 
@@ -153,6 +156,8 @@ QWidget* AssistantArea::build_lists()
     }
     other_row->addWidget(m_other_order);
     other_row->addWidget(m_other_desc);
+    m_hold_others = new QCheckBox(QStringLiteral("hold refresh"), page);
+    other_row->addWidget(m_hold_others);
     other_row->addStretch(1);
 
     auto* layout = new QVBoxLayout(page);
@@ -175,6 +180,12 @@ QWidget* AssistantArea::build_lists()
             m_session.settings().set_disk_var("player_matches_order_by_asc_desc", on ? "desc" : "asc");
         load_other_matches();
     });
+    for (auto [box, key] :
+        { std::pair { m_hold_list, "assistant_list4_hfr" }, std::pair { m_hold_others, "assistant_list3_hfr" } })
+        connect(box, &QCheckBox::toggled, this, [this, key](bool on) {
+            if (m_session.has_tournament())
+                m_session.settings().set_disk_var(key, on ? "1" : "0");
+        });
     for (auto* each : change_buttons)
         connect(each, &QPushButton::clicked, this, [this, each] { act_on_selection(each->text()); });
     connect(m_move_day, &QComboBox::currentIndexChanged, this, [this] { fill_move_courts(); });
@@ -286,6 +297,17 @@ void AssistantArea::act_on_selection(const QString& caption)
     } else if (caption == QStringLiteral("mark live matches unfinished")) {
         assistant_mark_live_unf(*schedule, m_matches);
     }
+    after_change();
+}
+
+void AssistantArea::after_change()
+{
+    if (!m_session.has_tournament())
+        return;
+    if (!m_hold_list->isChecked())
+        load_list();
+    if (!m_hold_others->isChecked())
+        load_other_matches();
 }
 
 void AssistantArea::fill_other_players(qint64 sid)
@@ -365,6 +387,11 @@ void AssistantArea::distribute_load()
     auto* window = new DistloadWindow(
         m_session, *schedule, DistloadCaller::assistant, day, schedule->day_idx_of(day), &m_matches, nullptr, this);
     window->setAttribute(Qt::WA_DeleteOnClose);
+    // The lists not on hold are read again once the window has done its work; not while the area itself goes.
+    connect(window, &QObject::destroyed, this, [self = QPointer<AssistantArea>(this)] {
+        if (self)
+            self->after_change();
+    });
     show_over_parent(window);
 }
 

@@ -163,6 +163,9 @@ TEST_F(AssistantAreaTest, TheListsMoveMarkAndTimeTheirMatches)
     auto& db = window.session().tournament();
     area().tabs()->setCurrentIndex(1);
     area().list_noday()->setChecked(true);
+    // Held, the changes below patch the lines in place and the selection stays.
+    area().hold_list()->setChecked(true);
+    EXPECT_EQ(window.session().settings().integer("assistant_list4_hfr"), 1);
     click(QStringLiteral("load"));
     ASSERT_EQ(area().match_list()->count(), 32);
     // The players of the current line, and the matches of the one chosen.
@@ -219,6 +222,16 @@ TEST_F(AssistantAreaTest, TheListsMoveMarkAndTimeTheirMatches)
     std::string first;
     std::getline(in, first);
     EXPECT_EQ(first.substr(0, 8), "day     ");
+
+    // Not held, a change reads the list again, and the selection goes with the old lines.
+    area().hold_list()->setChecked(false);
+    area().match_list()->clearSelection();
+    area().match_list()->item(0)->setSelected(true);
+    const auto moved = area().match_list()->item(0)->data(Qt::UserRole).toLongLong();
+    area().move_court()->setCurrentIndex(area().move_court()->findData(QVariant::fromValue<qint64>(4)));
+    click(QStringLiteral("move"));
+    EXPECT_EQ(db.scalar_integer("select cid from schedule where sid=?", moved), 4);
+    EXPECT_TRUE(area().match_list()->selectedItems().isEmpty()) << "the list was read again";
 }
 
 } // namespace
