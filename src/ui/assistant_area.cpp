@@ -210,7 +210,8 @@ void AssistantArea::clear()
     m_tc_court_days->clear();
     m_visual->set_grid({});
     // The file is closing: no chooser may read it again on the way out.
-    for (auto* box : { m_stats_day, m_list_event, m_list_day, m_list_court, m_move_day, m_move_court, m_visual_day }) {
+    for (auto* box : { m_stats_day, m_list_event, m_list_day, m_list_court, m_move_day, m_move_court, m_visual_day,
+             m_visual_event }) {
         const QSignalBlocker quiet(box);
         box->clear();
     }
@@ -236,11 +237,14 @@ void AssistantArea::fill_days()
              (select distinct scheduledate from schedule where matchtime <> '') order by idx)");
          q.step();)
         m_visual_day->addItem(qs(q.text(0)));
-    m_list_event->clear();
-    m_list_event->addItem(QStringLiteral("all events"), QVariant::fromValue<qint64>(0));
-    for (auto q = db.query("select eid, eventname from events where drawdone = 1 order by eid"); q.step();)
-        m_list_event->addItem(
-            QStringLiteral("(%1) ").arg(q.integer(0)) + qs(q.text(1)), QVariant::fromValue<qint64>(q.integer(0)));
+    // The match lists and the visual grid choose among the events with a draw, or all of them.
+    for (auto* events : { m_list_event, m_visual_event }) {
+        events->clear();
+        events->addItem(QStringLiteral("all events"), QVariant::fromValue<qint64>(0));
+        for (auto q = db.query("select eid, eventname from events where drawdone = 1 order by eid"); q.step();)
+            events->addItem(
+                QStringLiteral("(%1) ").arg(q.integer(0)) + qs(q.text(1)), QVariant::fromValue<qint64>(q.integer(0)));
+    }
     fill_list_courts();
 }
 

@@ -67,6 +67,7 @@ public:
     QListWidget* tc_court_days() const { return m_tc_court_days; }
     QListWidget* tc_list() const { return m_tc_list; }
     QComboBox* visual_day() const { return m_visual_day; }
+    QComboBox* visual_event() const { return m_visual_event; }
     VisualGridWidget* visual() const { return m_visual; }
 
 public slots:
@@ -156,6 +157,7 @@ private:
     QListWidget* m_tc_list = nullptr;
     bool m_tc_courts = false;
     QComboBox* m_visual_day = nullptr;
+    QComboBox* m_visual_event = nullptr;
     std::array<QCheckBox*, 4> m_visual_ticks {};
     VisualGridWidget* m_visual = nullptr;
     QLabel* m_visual_message = nullptr;

@@ -185,8 +185,12 @@ QWidget* AssistantArea::build_visual()
     m_visual_day = new QComboBox(page);
     m_visual_day->setObjectName(QStringLiteral("visual_day"));
     m_visual_day->setMinimumContentsLength(10);
+    m_visual_event = new QComboBox(page);
+    m_visual_event->setObjectName(QStringLiteral("visual_event"));
+    m_visual_event->setMinimumContentsLength(16);
     auto* row = new QHBoxLayout;
     row->addWidget(m_visual_day);
+    row->addWidget(m_visual_event);
     for (std::size_t i = 0; i < tick_words.size(); ++i) {
         m_visual_ticks[i] = new QCheckBox(QString::fromLatin1(tick_words[i]), page);
         row->addWidget(m_visual_ticks[i]);
@@ -217,7 +221,8 @@ void AssistantArea::show_visual()
     // The day list may have gained days since the area was filled.
     const auto day = m_visual_day->currentText();
     auto grid = visual_little_match_boxes(m_session.tournament(), current_sport_words(m_session),
-        day.isEmpty() ? std::string("all days") : to_std(day), 0, ticks("visual.", ""));
+        day.isEmpty() ? std::string("all days") : to_std(day), m_visual_event->currentData().toLongLong(),
+        ticks("visual.", ""));
     m_visual_message->setText(qs(grid.message));
     if (!grid.message.empty() && !grid.boxes.empty())
         m_session.talk().message(grid.message);

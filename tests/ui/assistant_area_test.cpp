@@ -154,6 +154,16 @@ TEST_F(AssistantAreaTest, ADirectorSpreadsARoundOverEightCourtsAndChecksIt)
     click(QStringLiteral("show"));
     EXPECT_EQ(area().visual()->grid().boxes.size(), 32u);
     EXPECT_EQ(area().visual()->grid().columns.size(), 8u);
+    // One event at a time: only its timed matches get boxes.
+    ASSERT_GE(area().visual_event()->count(), 2);
+    area().visual_event()->setCurrentIndex(area().visual_event()->count() - 1);
+    click(QStringLiteral("show"));
+    const auto eid = area().visual_event()->currentData().toLongLong();
+    EXPECT_EQ(static_cast<std::int64_t>(area().visual()->grid().boxes.size()),
+        window.session().tournament().scalar_integer(
+            "select count(*) from schedule where eid=? and matchtime<>'' and cid<>0", eid));
+    area().visual_event()->setCurrentIndex(0);
+    click(QStringLiteral("show"));
     QCoreApplication::processEvents();
     area().grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/assistant_visual_grid.png"));
 }
