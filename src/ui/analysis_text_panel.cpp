@@ -24,6 +24,7 @@ AnalysisTextPanel::AnalysisTextPanel(Session& session, std::string file_name, QW
             { "print(l)", [this] { print_lines(m_session, lines(), "l", m_title); } },
             { "save to file", [this] { save_text_file_as(m_session, m_file_name, m_session.dirs().app, lines()); } } },
         this);
+    m_actions->setFixedWidth(m_actions->sizeHintForColumn(0) + 2 * m_actions->frameWidth() + 8);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_box, 1);

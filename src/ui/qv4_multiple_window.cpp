@@ -14,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -131,6 +132,10 @@ Qv4MultipleWindow::Qv4MultipleWindow(Session& session, QWidget* parent)
             add_id_line(m_events, name, eid);
     });
 
+    // The lists stay narrow: the text and the draws take the room.
+    for (auto* list : { m_archive, m_build, m_left, m_right })
+        list->setMaximumWidth(200);
+    m_file_actions->setMaximumWidth(200);
     auto* files = titled(this, "qv4 archive", m_archive);
     files->addWidget(m_file_actions);
     files->addWidget(new QLabel(QStringLiteral("compiled"), this));
@@ -156,6 +161,9 @@ Qv4MultipleWindow::Qv4MultipleWindow(Session& session, QWidget* parent)
     layout->addLayout(files);
     layout->addLayout(player_column);
     layout->addWidget(tabs, 1);
+    set_tab_chain({ m_archive, m_file_actions, m_build, m_left, m_right, m_player_actions, tabs, m_text->box(),
+        m_text->actions() });
+    m_archive->setFocus();
     refresh_archive();
     refresh_build();
     load_players({});

@@ -15,6 +15,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -26,6 +27,9 @@ namespace {
 QVBoxLayout* titled_column(QWidget* parent, const char* caption, QListWidget* list, ActionList* actions)
 {
     auto* column = new QVBoxLayout;
+    // The lists stay narrow: the text and the draw take the room.
+    list->setMaximumWidth(220);
+    actions->setMaximumWidth(220);
     column->addWidget(new QLabel(QString::fromLatin1(caption), parent));
     column->addWidget(list, 1);
     column->addWidget(actions);
@@ -124,6 +128,9 @@ Qv4SingleWindow::Qv4SingleWindow(Session& session, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top);
     layout->addLayout(columns, 1);
+    set_tab_chain(
+        { open, m_players, m_player_actions, m_events, m_event_actions, tabs, m_text->box(), m_text->actions() });
+    m_players->setFocus();
     resize(1000, 600);
 }
 
