@@ -19,6 +19,8 @@
 #include "ui/print_setup_window.h"
 #include "ui/qt_text.h"
 #include "ui/qt_user_talk.h"
+#include "ui/qv4_multiple_window.h"
+#include "ui/qv4_single_window.h"
 #include "ui/schedule_board.h"
 #include "ui/start_page.h"
 #include "ui/toolbar_windows.h"
@@ -286,8 +288,10 @@ void MainWindow::build_menus()
     };
     const CommandTable tools {
         { QStringLiteral("load draw &gif"), [this] { show_over_parent(new LoadDrawGifWindow(*m_session, this)); } },
-        { QStringLiteral("&one result (qv4) file"), {} },
-        { QStringLiteral("&multiple results (qv4) files"), {} },
+        { QStringLiteral("&one result (qv4) file"),
+            [this] { show_over_parent(new Qv4SingleWindow(*m_session, this)); } },
+        { QStringLiteral("&multiple results (qv4) files"),
+            [this] { show_over_parent(new Qv4MultipleWindow(*m_session, this)); } },
     };
     const CommandTable options {
         { QStringLiteral("&print config"), [this] { show_over_parent(new PrintSetupWindow(*m_session, this)); } },

@@ -22,6 +22,8 @@
 #include "ui/players_windows.h"
 #include "ui/print_setup_window.h"
 #include "ui/qt_user_talk.h"
+#include "ui/qv4_multiple_window.h"
+#include "ui/qv4_single_window.h"
 #include "ui/schedule_board.h"
 #include "ui/score_windows.h"
 #include "ui/seeding_patterns_window.h"
@@ -204,6 +206,8 @@ TEST_F(WindowBehaviourTest, EverySmallWindowTabsInReadingOrderOpensOverTheMainWi
             [](MainWindow& w) { return shown(new TournamentConfigWindow(w.session(), &w)); } },
         { "print configuration", [](MainWindow& w) { return shown(new PrintSetupWindow(w.session(), &w)); } },
         { "load draw gif", [](MainWindow& w) { return shown(new LoadDrawGifWindow(w.session(), &w)); } },
+        { "one result (qv4) file", [](MainWindow& w) { return shown(new Qv4SingleWindow(w.session(), &w)); } },
+        { "multiple results (qv4) files", [](MainWindow& w) { return shown(new Qv4MultipleWindow(w.session(), &w)); } },
         { "add result",
             [](MainWindow& w) { return open_addresult(w.session(), *w.findChild<ScheduleBoardArea*>(), &w); } },
         { "long score",
