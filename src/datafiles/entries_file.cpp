@@ -1,5 +1,6 @@
 #include "datafiles/entries_file.h"
 
+#include "core/clear_data.h"
 #include "core/database.h"
 #include "core/file_save.h"
 #include "core/session.h"
@@ -272,36 +273,64 @@ bool export_qv5(Session& session, Qv5Doubles doubles)
 
 std::string entries_prefix(EntriesTarget target)
 {
-    return target == EntriesTarget::peek ? "peek_" : "browse_";
+    switch (target) {
+    case EntriesTarget::peek:
+        return "peek_";
+    case EntriesTarget::browse:
+        return "browse_";
+    case EntriesTarget::tournament:
+        break;
+    }
+    return "";
 }
 
 bool load_entries_file(Session& session, const std::filesystem::path& file, EntriesTarget target)
 {
     auto& talk = session.talk();
-    auto& db = session.peek_browse_db();
+    const bool into_tournament = target == EntriesTarget::tournament;
+    auto& db = into_tournament ? session.tournament() : session.peek_browse_db();
     const auto prefix = entries_prefix(target);
     talk.progress("working...");
     const auto bytes = read_file_bytes(file);
     const auto tokens = bytes ? marked_tokens(*bytes) : std::nullopt;
     Transaction transaction(db);
-    for (const char* table : { "info", "events", "players", "evententries", "rawdoublesentries" })
-        db.empty_table(prefix + table);
-    bool good = tokens.has_value();
-    if (good) {
-        Qv5Reader reader(db, prefix);
-        good = reader.read(*tokens);
-        if (good) {
-            import_flesh_out(db, prefix);
-            db.run(
-                "insert into " + prefix + "info (tname, fn) values (?, ?)", reader.tname(), file.filename().string());
-        }
-    }
+    if (into_tournament)
+        empty_tournament(db);
+    else
+        for (const char* table : { "info", "events", "players", "evententries", "rawdoublesentries" })
+            db.empty_table(prefix + table);
+    Qv5Reader reader(db, prefix);
+    const bool good = tokens && reader.read(*tokens);
     talk.progress("");
     if (!good) {
         talk.message("invalid qv5 file,no data loaded");
         return false;
     }
+    import_flesh_out(db, prefix);
+    if (!into_tournament)
+        db.run("insert into " + prefix + "info (tname, fn) values (?, ?)", reader.tname(), file.filename().string());
+    else if (session.settings().integer("qv5_load_pull_tname") == 1)
+        db.run("update tournament set tournament = ? where idx = 1", reader.tname());
     transaction.commit();
+    return true;
+}
+
+bool load_entries_into_tournament(Session& session)
+{
+    auto& talk = session.talk();
+    if (!session.has_tournament()) {
+        talk.message("need a qvd file to load the qv5 file into");
+        return false;
+    }
+    if (talk.ask("This will clear your current qvd tournament file - data will be lost - continue?",
+            "Clear current qvd file", Buttons::YesNo)
+        != Answer::Yes)
+        return false;
+    const auto file = talk.choose_file(
+        { FileDialogKind::Open, "load qv5 file", "", "qv5.", session.settings().text("app.last_dir_opened") });
+    if (!file || !load_entries_file(session, *file, EntriesTarget::tournament))
+        return false;
+    session.boot_restart_from_load_file();
     return true;
 }
 

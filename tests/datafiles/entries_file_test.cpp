@@ -129,5 +129,48 @@ TEST_F(EntriesFileTest, GreetingAndBrokenFiles)
     }
 }
 
+// "load entries (qv5) file": the file replaces the tournament's content, or nothing changes.
+TEST_F(EntriesFileTest, LoadIntoTheTournamentReplacesItsContentOrNothing)
+{
+    const auto file = written(Qv5Doubles::raw, "w.qv5");
+    session.settings().set_disk_var("qv5_load_pull_tname", "1");
+    db().run("update tournament set tournament = 'old name' where idx = 1");
+    db().run("insert into folders (fid, nm) values (1, 'kept?')");
+    talk.clear();
+
+    talk.answers.push_back(Answer::No);
+    EXPECT_FALSE(load_entries_into_tournament(session));
+    EXPECT_EQ(talk.said.back().title, "Clear current qvd file");
+    EXPECT_EQ(db().row_count("evententries"), 12);
+
+    talk.answers.push_back(Answer::Yes);
+    talk.files.push_back({ file_of("bad.qv5", "x^ms^m^p^^singles^'^") });
+    EXPECT_FALSE(load_entries_into_tournament(session));
+    EXPECT_EQ(talk.last_message(), "invalid qv5 file,no data loaded");
+    EXPECT_EQ(db().row_count("evententries"), 12) << "the tournament stays as it was";
+
+    talk.answers.push_back(Answer::Yes);
+    talk.files.push_back({ file });
+    host.deferred.clear();
+    ASSERT_TRUE(load_entries_into_tournament(session));
+    EXPECT_EQ(host.deferred.size(), 1u) << "a restart is asked for";
+    EXPECT_EQ(db().scalar_text("select tournament from tournament where idx = 1"), "Zürich open");
+    EXPECT_EQ(db().row_count("players"), 16);
+    EXPECT_EQ(db().row_count("folders"), 0);
+    EXPECT_EQ(db().scalar_text("select group_concat(player || ':' || en, ',') from evententries where ent_idx < 3"),
+        "adam mann:mens singles,bert mann:mens singles");
+    EXPECT_EQ(db().scalar_text("select group_concat(player || '+' || partnername, ',') from rawdoublesentries"),
+        "adam mann+bert mann,carl mann+preq preq");
+    EXPECT_EQ(db().scalar_integer("select count(*) from events where drawtype = 'ko' and pts = 0"), 3);
+}
+
+TEST_F(EntriesFileTest, LoadIntoTheTournamentNeedsOne)
+{
+    ASSERT_TRUE(session.close_current_db());
+    talk.clear();
+    EXPECT_FALSE(load_entries_into_tournament(session));
+    EXPECT_EQ(talk.last_message(), "need a qvd file to load the qv5 file into");
+}
+
 } // namespace
 } // namespace qv
