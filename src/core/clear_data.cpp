@@ -41,24 +41,8 @@ void clear_always(Database& db)
     }
 }
 
-} // namespace
-
-ClearDataTicks load_clear_data_ticks(Session& session)
+void clear_ticked(Database& db, const ClearDataTicks& ticks)
 {
-    auto& s = session.settings();
-    return { s.integer("cdata_1") == 1, s.integer("cdata_2") == 1, s.integer("cdata_3") == 1, s.integer("cdata_4") == 1,
-        s.integer("cdata_5") == 1 };
-}
-
-bool clear_data(Session& session, const ClearDataTicks& ticks)
-{
-    if (!session.has_tournament())
-        return false;
-    if (session.talk().ask("This will clear data from the current tournament file?", "Confirm", Buttons::YesNo)
-        != Answer::Yes)
-        return false;
-    auto& db = session.tournament();
-    Transaction transaction(db);
     if (ticks.players_and_entries) {
         db.empty_table("players");
         empty_entries(db);
@@ -74,6 +58,32 @@ bool clear_data(Session& session, const ClearDataTicks& ticks)
     if (ticks.details)
         clear_details(db);
     clear_always(db);
+}
+
+} // namespace
+
+ClearDataTicks load_clear_data_ticks(Session& session)
+{
+    auto& s = session.settings();
+    return { s.integer("cdata_1") == 1, s.integer("cdata_2") == 1, s.integer("cdata_3") == 1, s.integer("cdata_4") == 1,
+        s.integer("cdata_5") == 1 };
+}
+
+void empty_tournament(Database& db)
+{
+    clear_ticked(db, { true, true, true, true, true });
+}
+
+bool clear_data(Session& session, const ClearDataTicks& ticks)
+{
+    if (!session.has_tournament())
+        return false;
+    if (session.talk().ask("This will clear data from the current tournament file?", "Confirm", Buttons::YesNo)
+        != Answer::Yes)
+        return false;
+    auto& db = session.tournament();
+    Transaction transaction(db);
+    clear_ticked(db, ticks);
     transaction.commit();
     session.boot_restart_from_clear_data();
     return true;

@@ -79,6 +79,12 @@ void ImportFeedback::skipped(std::string_view text)
     ++m_errors;
 }
 
+void ImportFeedback::error_block(std::vector<std::string> lines)
+{
+    m_lines.insert(m_lines.end(), lines.begin(), lines.end());
+    ++m_errors;
+}
+
 void ImportFeedback::finish(Session& session, int lines, int imported, const std::string& title) const
 {
     auto& talk = session.talk();

@@ -41,6 +41,9 @@ public:
     void fault(std::string_view line, const LineFault& fault);
     // A line that is not an error of the file but stops its record (" already in db").
     void skipped(std::string_view text);
+    // A line of the file's own layout, no error; and a block of lines that tells one error.
+    void plain(std::string text) { m_lines.push_back(std::move(text)); }
+    void error_block(std::vector<std::string> lines);
 
     int errors() const { return m_errors; }
     // Writes the file and tells the user what came of the lines; the errors are offered in the text viewer

@@ -3,6 +3,7 @@
 #include "core/links.h"
 #include "core/recent_files.h"
 #include "core/session.h"
+#include "datafiles/entries_file.h"
 #include "datafiles/event_files.h"
 #include "ui/add_result_window.h"
 #include "ui/add_to_event_window.h"
@@ -247,7 +248,8 @@ CommandTable MainWindow::feederapps_commands()
         { QStringLiteral("players import/export"), when_open([this] { open_players_import_export(*m_session, this); }),
             true },
         { QStringLiteral("import events"), when_open([this] { import_events_file(*m_session); }), true },
-        { QStringLiteral("load entries (qv5) file"), {}, true },
+        { QStringLiteral("load entries (qv5) file"), when_open([this] { load_entries_into_tournament(*m_session); }),
+            true },
         { QStringLiteral("download entries load"), {}, true },
     };
 }
@@ -281,7 +283,7 @@ void MainWindow::build_menus()
         { QStringLiteral("&close"), [this] { m_session->menu_close(); }, true },
         {},
         // Without a file it says so itself.
-        { QStringLiteral("&load entries (qv5) file"), {} },
+        { QStringLiteral("&load entries (qv5) file"), [this] { load_entries_into_tournament(*m_session); } },
         { QStringLiteral("&browse entries (qv5) file"), {} },
         {},
         { QStringLiteral("e&xit"), [this] { m_session->exit_app(); }, false, QKeySequence(QStringLiteral("Ctrl+Q")) },

@@ -1,9 +1,11 @@
 #include "ui/tournament_operations.h"
 
 #include "core/session.h"
+#include "datafiles/results_file.h"
 #include "ui/add_to_event_window.h"
 #include "ui/drawconfig_window.h"
 #include "ui/events_windows.h"
+#include "ui/exports_window.h"
 #include "ui/folders_windows.h"
 #include "ui/list_search.h"
 #include "ui/players_import_export_window.h"
@@ -141,6 +143,22 @@ void register_tournament(TournamentArea& area, Session& session, const Tournamen
     area.add_operation(OperationList::tournament, QStringLiteral("add results"), [&session, hooks] {
         if (session.has_tournament() && hooks.open_addresult)
             hooks.open_addresult();
+    });
+    area.add_operation(OperationList::tournament, QStringLiteral("imports/exports"), [&session, parent] {
+        if (session.has_tournament())
+            show_over_parent(new ExportsWindow(session, parent));
+    });
+    area.add_operation(OperationList::tournament, QStringLiteral("save qv4 file"), [&session] {
+        if (session.has_tournament())
+            save_qv4_file(session);
+    });
+    area.add_operation(OperationList::tournament, QStringLiteral("export entries (brief)"), [&session] {
+        if (session.has_tournament())
+            save_entries_brief(session);
+    });
+    area.add_operation(OperationList::tournament, QStringLiteral("export entries (expanded)"), [&session] {
+        if (session.has_tournament())
+            save_entries_expanded(session);
     });
     area.add_operation(OperationList::tournament, QStringLiteral("tournament"), [&session, parent] {
         if (session.has_tournament())

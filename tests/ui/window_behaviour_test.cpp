@@ -15,6 +15,7 @@
 #include "ui/folders_windows.h"
 #include "ui/links_window.h"
 #include "ui/load_draw_gif_window.h"
+#include "ui/exports_window.h"
 #include "ui/main_window.h"
 #include "ui/notepad2.h"
 #include "ui/players_filter_window.h"
@@ -173,6 +174,7 @@ TEST_F(WindowBehaviourTest, EverySmallWindowTabsInReadingOrderOpensOverTheMainWi
         { "players", [](MainWindow& w) { return open_players(w.session(), &w); } },
         { "players delete", [](MainWindow& w) { return open_players_delete(w.session(), &w); } },
         { "players import/export", [](MainWindow& w) { return open_players_import_export(w.session(), &w); } },
+        { "imports/exports", [](MainWindow& w) { return shown(new ExportsWindow(w.session(), &w)); } },
         { "player details", [](MainWindow& w) { return open_player_details_by_name(w.session(), "al west", &w); } },
         { "add new event", [](MainWindow& w) { return open_add_event(w.session(), &w); } },
         { "events", [](MainWindow& w) { return open_admin_events(w.session(), &w); } },

@@ -1,0 +1,10 @@
+// The player file reader (qv2) on arbitrary bytes.
+#include "datafiles/player_files.h"
+#include "fuzz_session.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    auto& s = qv::fuzz::fuzz_session();
+    qv::import_players(*s.session, s.file_of(data, size), qv::PlayerFormat::qv2, 0);
+    return 0;
+}
