@@ -6,27 +6,11 @@
 #include "core/validators.h"
 #include "scheduling/board_times.h"
 #include "scheduling/schedule_board.h"
+#include "scheduling/time_choice.h"
 
 #include <vector>
 
 namespace qv {
-
-namespace {
-
-constexpr int max_minutes = 1440;
-
-// The box's whole minutes once it passed the integer check; anything too long to hold is above the limit anyway.
-long long minutes_value(std::string_view digits)
-{
-    if (digits.size() > 9)
-        return max_minutes + 1;
-    long long value = 0;
-    for (char c : digits)
-        value = value * 10 + (c - '0');
-    return value;
-}
-
-} // namespace
 
 bool autoschedule_allowed(ScheduleBoard& board)
 {

@@ -6,25 +6,13 @@
 #include "core/validators.h"
 #include "scheduling/assistant_lines.h"
 #include "scheduling/match_counters.h"
+#include "scheduling/time_choice.h"
 
 #include <optional>
 
 namespace qv {
 
 namespace {
-
-constexpr int max_minutes = 1440;
-
-// Whole minutes of a box that passed the integer check; anything too long to hold is above the limit anyway.
-long long minutes_value(std::string_view digits)
-{
-    if (digits.size() > 9)
-        return max_minutes + 1;
-    long long value = 0;
-    for (char c : digits)
-        value = value * 10 + (c - '0');
-    return value;
-}
 
 bool refuse(ScheduleBoard& board, const std::string& text)
 {

@@ -112,4 +112,14 @@ GrabbedTime grab_time(std::string_view nbat, std::string_view matchtime)
     return grabbed;
 }
 
+long long minutes_value(std::string_view digits)
+{
+    if (digits.size() > 9)
+        return max_minutes + 1;
+    long long value = 0;
+    for (char c : digits)
+        value = value * 10 + (c - '0');
+    return value;
+}
+
 } // namespace qv

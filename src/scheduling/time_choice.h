@@ -34,6 +34,11 @@ const std::vector<std::string>& nbat_choices();
 const std::vector<std::string>& hour_choices();
 const std::vector<std::string>& minute_choices();
 
+// The most minutes a box of minutes may hold: a day.
+inline constexpr int max_minutes = 1440;
+// The whole minutes of a box that passed the integer check; a text too long to hold is above the limit anyway.
+long long minutes_value(std::string_view digits);
+
 // A stored start time read back: the first three characters trimmed give "nb", "at" or nothing, the rest split
 // at ":" gives hour and minute. The nb/at word comes back with its blank, as the chooser offers it.
 TimeChoice parse_starttime(std::string_view starttime);

@@ -5,6 +5,7 @@
 #include "core/utf8.h"
 #include "core/validators.h"
 #include "scheduling/board_lines.h"
+#include "scheduling/time_choice.h"
 
 #include <array>
 #include <cstdlib>
@@ -14,8 +15,6 @@
 namespace qv {
 
 namespace {
-
-constexpr int max_minutes = 1440;
 
 // A row of a result table while a day is being computed.
 struct Offender
@@ -78,16 +77,6 @@ struct TimedMatch
     std::int64_t cid = 0;
     std::array<std::string, 4> players;
 };
-
-long long minutes_value(std::string_view digits)
-{
-    if (digits.size() > 9)
-        return max_minutes + 1;
-    long long value = 0;
-    for (char c : digits)
-        value = value * 10 + (c - '0');
-    return value;
-}
 
 const char* table_of(TcKind kind)
 {
