@@ -157,8 +157,8 @@ PrintSetupWindow::PrintSetupWindow(Session& session, QWidget* parent)
     // Tab reads the left column, then the configuration, the moves and the operations.
     std::vector<QWidget*> chain { m_kinds, m_configs, load_gif, tool_list, m_name, m_portrait, m_landscape, m_left,
         m_top, m_width, m_height, button("apply l,t,w,h") };
-    for (const auto& spec : move_buttons)
-        chain.push_back(button(spec.caption));
+    for (const auto& each : move_buttons)
+        chain.push_back(button(each.caption));
     chain.push_back(m_small_steps);
     for (const char* caption : { "save", "save as", "delete", "set as default", "close" })
         chain.push_back(button(caption));
@@ -205,12 +205,12 @@ QWidget* PrintSetupWindow::build_moves()
 {
     auto* box = new QGroupBox(QStringLiteral("move"), this);
     auto* grid = new QGridLayout(box);
-    for (const auto& spec : move_buttons) {
-        auto* moving = make_button(spec.caption, box);
+    for (const auto& each : move_buttons) {
+        auto* moving = make_button(each.caption, box);
         // Holding a button repeats its step.
         moving->setAutoRepeat(true);
-        grid->addWidget(moving, spec.row, spec.column);
-        const auto move = spec.move;
+        grid->addWidget(moving, each.row, each.column);
+        const auto move = each.move;
         connect(moving, &QPushButton::clicked, this,
             [this, move] { place_picture(move_picture(m_place, move, m_small_steps->isChecked())); });
     }
