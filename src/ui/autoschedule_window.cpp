@@ -67,10 +67,7 @@ AutoscheduleWindow::AutoscheduleWindow(
 
 QPushButton* AutoscheduleWindow::button(const QString& caption) const
 {
-    for (auto* each : findChildren<QPushButton*>())
-        if (each->text() == caption)
-            return each;
-    return nullptr;
+    return button_with_text(this, caption);
 }
 
 bool AutoscheduleWindow::confirm()

@@ -94,10 +94,7 @@ DistloadWindow::DistloadWindow(Session& session, ScheduleBoard& board, DistloadC
 
 QPushButton* DistloadWindow::button(const QString& caption) const
 {
-    for (auto* each : findChildren<QPushButton*>())
-        if (each->text() == caption)
-            return each;
-    return nullptr;
+    return button_with_text(this, caption);
 }
 
 bool DistloadWindow::confirm()

@@ -11,6 +11,7 @@
 #include "ui/score_windows.h"
 #include "ui/setdatescourts_window.h"
 #include "ui/time_choosers.h"
+#include "ui/window_behaviour.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -231,10 +232,7 @@ QPushButton* ScheduleBoardArea::button(const QString& caption) const
     for (auto* each : findChildren<QPushButton*>())
         if (each->objectName() == caption)
             return each;
-    for (auto* each : findChildren<QPushButton*>())
-        if (each->text() == caption)
-            return each;
-    return nullptr;
+    return button_with_text(this, caption);
 }
 
 QAction* ScheduleBoardArea::menu_action(const QString& caption) const

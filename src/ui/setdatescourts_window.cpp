@@ -3,6 +3,7 @@
 #include "core/session.h"
 #include "core/time_rules.h"
 #include "ui/qt_text.h"
+#include "ui/window_behaviour.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -163,10 +164,7 @@ SetDatesCourtsWindow::SetDatesCourtsWindow(
 
 QPushButton* SetDatesCourtsWindow::button(const QString& caption) const
 {
-    for (auto* each : findChildren<QPushButton*>())
-        if (each->text() == caption)
-            return each;
-    return nullptr;
+    return button_with_text(this, caption);
 }
 
 void SetDatesCourtsWindow::refill_days(QComboBox* month, QComboBox* day)

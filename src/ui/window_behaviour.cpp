@@ -107,6 +107,14 @@ void fit_characters(QLineEdit* box, int characters)
     box->setMinimumWidth(metrics.horizontalAdvance(QString(characters, QLatin1Char('n'))) + frame);
 }
 
+QPushButton* button_with_text(const QWidget* window, const QString& caption)
+{
+    for (auto* each : window->findChildren<QPushButton*>())
+        if (each->text() == caption)
+            return each;
+    return nullptr;
+}
+
 void show_over_parent(QWidget* window)
 {
     // Polish and lay out first, so the size that is centred is the size that shows.

@@ -27,6 +27,8 @@ void close_on_escape(QWidget* window);
 void set_tab_chain(const std::vector<QWidget*>& widgets);
 // Wide enough to show this many characters of ordinary text at the box's font.
 void fit_characters(QLineEdit* box, int characters);
+// The push button of a window that shows this text, or null.
+QPushButton* button_with_text(const QWidget* window, const QString& caption);
 // Shows a window sized for its content, its centre over the centre of the window it was opened from.
 void show_over_parent(QWidget* window);
 
