@@ -6,6 +6,7 @@
 #include "ui/main_window.h"
 #include "ui/tournament_area.h"
 #include "ui_test_support.h"
+#include "window_fixture.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -19,18 +20,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class ExportsWindowTest : public ::testing::Test
+class ExportsWindowTest : public test::WindowFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    MainWindow window { dir.path(), &talk };
-
     void SetUp() override
     {
-        window.show();
-        session().boot_start_app(dir.new_tournament().string());
-        ASSERT_TRUE(session().has_tournament());
+        WindowFixture::SetUp();
         auto& db = session().tournament();
         db.run("update tournament set tournament = 'spring open' where idx = 1");
         db.run("insert into events (eid, eventname, sex, singdobs, pte) values (1, 'open', 'male', 'singles', 'p')");
@@ -38,9 +33,7 @@ protected:
         db.run("insert into evententries (ent_idx, eid, en, player, sd) values (1, 1, 'open', 'ann lee', 'singles')");
         db.run(R"(insert into schedule (sid, eid, "match", rname, mtttt, mbttt, match_state, drawtype, singdobs)
             values (1, 1, 1, 'final', 'ann lee', 'bo tan', '2', 'ko', 'singles'))");
-        talk.clear();
     }
-    Session& session() { return window.session(); }
     ExportsWindow* open_exports()
     {
         test::click_operation(*window.tournament_area(), OperationList::tournament, QStringLiteral("imports/exports"));

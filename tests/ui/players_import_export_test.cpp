@@ -6,6 +6,7 @@
 #include "ui/players_import_export_window.h"
 #include "ui/toolbar_windows.h"
 #include "ui_test_support.h"
+#include "window_fixture.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -21,22 +22,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class PlayersImportExportTest : public ::testing::Test
+class PlayersImportExportTest : public test::WindowFixture
 {
 protected:
-    test::TempAppDir dir;
-    test::ScriptedTalk talk;
-    MainWindow window { dir.path(), &talk };
-
     void SetUp() override
     {
-        window.show();
-        session().boot_start_app(dir.new_tournament().string());
-        ASSERT_TRUE(session().has_tournament());
+        WindowFixture::SetUp();
         session().tournament().run("insert into folders (fid, nm) values (3, 'juniors')");
-        talk.clear();
     }
-    Session& session() { return window.session(); }
     fs::path file_of(const std::string& name, const std::string& bytes)
     {
         const auto file = dir.path() / name;
