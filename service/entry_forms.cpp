@@ -78,7 +78,8 @@ Reply enter1_enterpage(Context& c)
             + html_escape(row.text("eventname")) + " (" + html_escape(row.text("fee")) + ")</td>";
         if (row.text("singdobs") == "doubles")
             body += "<td>partner: first name <input type=\"text\" name=\"pf" + eid + "\" size=\"15\"> second name "
-                + "<input type=\"text\" name=\"ps" + eid + "\" size=\"15\"> " + sex_select("px" + eid) + "</td>";
+                + "<input type=\"text\" name=\"ps" + eid + "\" size=\"15\"> " + sex_select("px" + eid)
+                + " <label><input type=\"checkbox\" name=\"pr" + eid + "\" value=\"1\"> partner required</label></td>";
         body += "</tr>\r\n";
     }
     body += "</table>\r\n<p><input type=\"submit\" value=\"enter\"></p>\r\n</form>";
@@ -116,6 +117,7 @@ struct Chosen
     std::string eventname;
     bool doubles;
     std::string partnerfname, partnersname, p2sex;
+    bool partner_required = false;
 };
 
 // The entry as typed, or the reason it is refused. Nothing is stored before every check has passed.
@@ -138,9 +140,13 @@ std::string enter(Context& c, std::map<std::string, std::string>& player, std::v
         if (c.key("e" + eid).value_or("") != "1")
             continue;
         const bool is_doubles = events.text("singdobs") == "doubles";
+        // A doubles player without a partner yet ticks "partner required": the names then stay empty.
+        const bool alone = c.key("pr" + eid).value_or("") == "1";
+        const bool partnered = is_doubles && !alone;
         chosen.push_back({ events.integer("eid"), events.text("eventname"), is_doubles,
-            trim(c.key("pf" + eid).value_or("")), trim(c.key("ps" + eid).value_or("")),
-            is_doubles ? (c.key("px" + eid).value_or("") == "f" ? "female" : "male") : "" });
+            partnered ? trim(c.key("pf" + eid).value_or("")) : "",
+            partnered ? trim(c.key("ps" + eid).value_or("")) : "",
+            partnered ? (c.key("px" + eid).value_or("") == "f" ? "female" : "male") : "", alone });
         if (events.text("sex") == "x")
             ++mixed;
         else
@@ -155,6 +161,10 @@ std::string enter(Context& c, std::map<std::string, std::string>& player, std::v
         t.integer("xdcnti") != 0 };
     if (auto refusal = check_limits(limits, singles, doubles, mixed); !refusal.empty())
         return refusal;
+    for (const auto& e : chosen)
+        if (e.doubles && !e.partner_required && (e.partnerfname.empty() || e.partnersname.empty()))
+            return "give the partner's first and second name for " + html_escape(e.eventname)
+                + " or tick partner required";
     const auto maxentries = db.scalar_integer("select maxentries from accounts where custid=?", c.custid);
     if (maxentries > 0 && db.scalar_integer("select count(*) from players where custid=?", c.custid) >= maxentries)
         return "the entry limit of this tournament is reached";

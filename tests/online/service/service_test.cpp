@@ -149,6 +149,25 @@ TEST_F(ServiceTest, PlayersEnterAndWithdrawThroughThePublicForms)
     EXPECT_EQ(ask_account("getrawdata").find("Ann Marie"), std::string::npos);
 }
 
+// A doubles entry names its partner, or ticks that it needs one; the entries file then has no partner.
+TEST_F(ServiceTest, ADoublesEntryHasAPartnerOrNeedsOne)
+{
+    ask_account("uploadevents_append_execute_text", "&cnt=1&data=1,md,m,p,12,doubles,^");
+    ask_account("uploadevents_parse_execute_text");
+    ask_account("set_state", "&tp=openentries");
+    EXPECT_NE(ask("/qv?idx=enter1_enterpage&custid=club7").find("name=\"pr1\" value=\"1\"> partner required"),
+        std::string::npos);
+    const std::string enter = "/qv?idx=enter2_submit&custid=club7&fname=Al&sname=West&email=e&e1=1";
+    for (const char* partner : { "", "&pf1=Bo", "&ps1=Ray" })
+        EXPECT_NE(ask(enter + partner).find("give the partner's first and second name for md or tick partner "
+                                            "required"),
+            std::string::npos)
+            << partner;
+    EXPECT_NE(ask(enter + "&pf1=Bo&px1=f&pr1=1").find("entry received"), std::string::npos);
+    EXPECT_NE(ask_account("getrawdata").find("\r\n1^1^^^^\\^"), std::string::npos) << "the tick wins";
+    EXPECT_NE(ask("/qv?idx=entries&custid=club7").find("Al West / partner required"), std::string::npos);
+}
+
 TEST(CommandLine, OptionsAndTheirRefusals)
 {
     const char* argv[] = { "quorvelin-service", "--port", "0", "--data", "x.db", "--add-account", "club7:pw1:5:20",
