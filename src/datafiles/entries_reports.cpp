@@ -26,10 +26,11 @@ void add(PlayerEntries& all, const std::string& name, std::string entry)
 }
 
 // brief: each entry as its event id; otherwise as the event's name with the partner.
-PlayerEntries player_entries(Database& db, bool brief)
+PlayerEntries player_entries(Database& db, const std::string& p, bool brief)
 {
     PlayerEntries all;
-    for (auto e = db.query("select eid, en, sd, player, p1name, partner from evententries order by eid, ent_idx");
+    for (auto e
+         = db.query("select eid, en, sd, player, p1name, partner from " + p + "evententries order by eid, ent_idx");
          e.step();) {
         const auto eid = e.text("eid");
         if (e.text("sd") == "singles") {
@@ -39,7 +40,7 @@ PlayerEntries player_entries(Database& db, bool brief)
         add(all, e.text("p1name"), brief ? eid : e.text("en") + "(with " + e.text("partner") + ")");
         add(all, e.text("partner"), brief ? eid : e.text("en") + "(with " + e.text("p1name") + ")");
     }
-    for (auto r = db.query("select eid, en, player, partnername from rawdoublesentries order by eid, rdidx");
+    for (auto r = db.query("select eid, en, player, partnername from " + p + "rawdoublesentries order by eid, rdidx");
          r.step();) {
         const auto eid = r.text("eid");
         add(all, r.text("player"), brief ? "r" + eid : "r:" + r.text("en") + "(with " + r.text("partnername") + ")");
@@ -48,10 +49,10 @@ PlayerEntries player_entries(Database& db, bool brief)
     return all;
 }
 
-std::vector<std::string> events_table(Database& db)
+std::vector<std::string> events_table(Database& db, const std::string& p)
 {
     std::vector<std::string> lines { "events" };
-    for (auto e = db.query("select eid, eventname from events order by eid"); e.step();)
+    for (auto e = db.query("select eid, eventname from " + p + "events order by eid"); e.step();)
         lines.push_back(e.text("eid") + " " + e.text("eventname"));
     lines.emplace_back();
     return lines;
@@ -80,20 +81,20 @@ void add_section(std::vector<std::string>& lines, const std::string& title, Data
 
 } // namespace
 
-std::vector<std::string> entriesbrief(Database& tournament)
+std::vector<std::string> entriesbrief(Database& tournament, const std::string& prefix)
 {
-    auto lines = events_table(tournament);
+    auto lines = events_table(tournament, prefix);
     lines.emplace_back("players ( event ids they are in,r=raw doubles)");
-    const auto all = player_entries(tournament, true);
+    const auto all = player_entries(tournament, prefix, true);
     for (const auto& [key, entries] : all.entries)
         lines.push_back(all.name_of.at(key) + "(" + joined(entries, ",") + ")");
     return lines;
 }
 
-std::vector<std::string> entriesexpanded(Database& tournament)
+std::vector<std::string> entriesexpanded(Database& tournament, const std::string& prefix)
 {
     std::vector<std::string> lines { "players events,r:=raw doubles" };
-    const auto all = player_entries(tournament, false);
+    const auto all = player_entries(tournament, prefix, false);
     for (const auto& [key, entries] : all.entries) {
         lines.push_back(all.name_of.at(key) + "(");
         for (const auto& entry : entries)
@@ -103,22 +104,24 @@ std::vector<std::string> entriesexpanded(Database& tournament)
     return lines;
 }
 
-std::vector<std::string> export_formatted_entries(Database& tournament, FormattedDoubles doubles)
+std::vector<std::string> export_formatted_entries(
+    Database& tournament, FormattedDoubles doubles, const std::string& prefix)
 {
     std::vector<std::string> lines;
-    add_section(lines, "------events--------", tournament, "select * from events order by eid",
+    add_section(lines, "------events--------", tournament, "select * from " + prefix + "events order by eid",
         { "event id", "eventname", "singles/doubles", "event sex", "player/team/either" },
         { "eid", "eventname", "singdobs", "sex", "pte" });
     const std::vector<std::string> labels { "event id", "player first name", "player second name", "partner first name",
         "partner second name" };
     const std::vector<std::string> columns { "eid", "playerfname", "playersname", "partnerfname", "partnersname" };
     add_section(lines, "------event entries--------", tournament,
-        doubles == FormattedDoubles::resolved ? "select * from evententries order by eid, ent_idx"
-                                              : "select * from evententries where sd='singles' order by eid, ent_idx",
+        "select * from " + prefix + "evententries"
+            + (doubles == FormattedDoubles::resolved ? " order by eid, ent_idx"
+                                                     : " where sd='singles' order by eid, ent_idx"),
         labels, columns);
     if (doubles == FormattedDoubles::raw)
         add_section(lines, "------raw doubles event entries (preq preq=partner required)--------", tournament,
-            "select * from rawdoublesentries order by eid, rdidx", labels, columns);
+            "select * from " + prefix + "rawdoublesentries order by eid, rdidx", labels, columns);
     return lines;
 }
 
