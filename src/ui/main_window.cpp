@@ -5,6 +5,7 @@
 #include "core/session.h"
 #include "datafiles/entries_file.h"
 #include "datafiles/event_files.h"
+#include "online/entries_download.h"
 #include "ui/add_result_window.h"
 #include "ui/add_to_event_window.h"
 #include "ui/area_page.h"
@@ -15,6 +16,7 @@
 #include "ui/events_windows.h"
 #include "ui/links_window.h"
 #include "ui/load_draw_gif_window.h"
+#include "ui/peek_browse_window.h"
 #include "ui/players_import_export_window.h"
 #include "ui/players_windows.h"
 #include "ui/print_setup_window.h"
@@ -250,7 +252,8 @@ CommandTable MainWindow::feederapps_commands()
         { QStringLiteral("import events"), when_open([this] { import_events_file(*m_session); }), true },
         { QStringLiteral("load entries (qv5) file"), when_open([this] { load_entries_into_tournament(*m_session); }),
             true },
-        { QStringLiteral("download entries load"), {}, true },
+        { QStringLiteral("download entries load"),
+            when_open([this] { down_load_entry_file(*m_session, DownloadTarget::load); }), true },
     };
 }
 
@@ -284,7 +287,7 @@ void MainWindow::build_menus()
         {},
         // Without a file it says so itself.
         { QStringLiteral("&load entries (qv5) file"), [this] { load_entries_into_tournament(*m_session); } },
-        { QStringLiteral("&browse entries (qv5) file"), {} },
+        { QStringLiteral("&browse entries (qv5) file"), [this] { browse_entries_file(*m_session, this); } },
         {},
         { QStringLiteral("e&xit"), [this] { m_session->exit_app(); }, false, QKeySequence(QStringLiteral("Ctrl+Q")) },
     };

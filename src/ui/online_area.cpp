@@ -1,5 +1,7 @@
 #include "ui/online_area.h"
 
+#include "ui/online_events_tab.h"
+
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -14,6 +16,7 @@ OnlineArea::OnlineArea(Session& session, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_tabs);
+    add_tab(new OnlineEventsTab(session, this), QStringLiteral("events and entries"));
 }
 
 void OnlineArea::add_tab(AreaPage* page, const QString& caption)

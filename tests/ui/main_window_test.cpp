@@ -228,7 +228,8 @@ TEST_F(MainWindowTest, MenusHoldTheirLinesInOrderWithKeysAndMnemonics)
     }
     EXPECT_EQ(titles, QStringList({ "tournament", "tools", "options", "info" }));
     EXPECT_EQ(menu_lines(menu_of(window, "tournament")),
-        QStringList({ "new", "open", "save as...", "close", "-", "load entries (qv5) file", "-", "exit" }));
+        QStringList({ "new", "open", "save as...", "close", "-", "load entries (qv5) file", "browse entries (qv5) file",
+            "-", "exit" }));
     EXPECT_EQ(menu_lines(menu_of(window, "tools")),
         QStringList({ "load draw gif", "one result (qv4) file", "multiple results (qv4) files" }));
     EXPECT_EQ(menu_lines(menu_of(window, "options")), QStringList({ "print config", "control panel" }));

@@ -18,6 +18,7 @@
 #include "ui/load_draw_gif_window.h"
 #include "ui/main_window.h"
 #include "ui/notepad2.h"
+#include "ui/peek_browse_window.h"
 #include "ui/players_filter_window.h"
 #include "ui/players_import_export_window.h"
 #include "ui/players_windows.h"
@@ -217,6 +218,8 @@ TEST_F(WindowBehaviourTest, EverySmallWindowTabsInReadingOrderOpensOverTheMainWi
                 return open_addlongscore(
                     w.session(), QStringLiteral("al"), QStringLiteral("bo"), QStringLiteral("6-3"), QString(), {}, &w);
             } },
+        { "peek entries", [](MainWindow& w) { return open_peek_browse(w.session(), EntriesTarget::peek, &w); } },
+        { "browse entries", [](MainWindow& w) { return open_peek_browse(w.session(), EntriesTarget::browse, &w); } },
         { "auto-schedule matches",
             [](MainWindow& w) {
                 auto* form = new AutoscheduleWindow(w.session(), w.findChild<ScheduleBoardArea*>()->board(), {}, &w);
