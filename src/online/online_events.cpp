@@ -91,11 +91,14 @@ bool has_page_account(Session& session)
 
 } // namespace
 
-std::string uploadevents_text(Database& tournament)
+std::string uploadevents_text(Database& tournament, const std::function<void(int count)>& on_event)
 {
     std::string text;
     std::string letter;
+    int count = 0;
     for (auto e = tournament.query("select * from events order by eid"); e.step();) {
+        if (on_event)
+            on_event(++count);
         if (const auto known = sex_letter(e.text("sex")))
             letter = *known;
         text += e.text("eid") + "," + e.text("eventname") + "," + letter + "," + e.text("pte") + "," + e.text("fee")
@@ -112,15 +115,14 @@ bool uploadevents_script_new(Session& session)
             "Confirm", Buttons::YesNo)
         != Answer::Yes)
         return false;
-    const auto count = session.tournament().scalar_integer("select count(*) from events");
-    if (count == 0) {
+    if (session.tournament().scalar_integer("select count(*) from events") == 0) {
         talk.message("no events to upload?");
         return false;
     }
     if (!havecustidpwd(session))
         return false;
-    talk.progress("preparing event " + std::to_string(count));
-    const std::string text = uploadevents_text(session.tournament());
+    const std::string text = uploadevents_text(
+        session.tournament(), [&talk](int n) { talk.progress("preparing event " + std::to_string(n)); });
     ServiceClient client(session, default_account(session));
     session.busy(true);
     const auto told = uploadevents(session, client, text);

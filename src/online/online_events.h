@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,8 +19,8 @@ class Session;
 // account (acct_online_tournament, acct_onlineevents) changes only after the service said yes.
 
 // The events as they are uploaded: per event "eid,eventname,sex letter,pte,fee,singdobs," and "^". A sex the
-// service does not know takes the letter of the event before it.
-std::string uploadevents_text(Database& tournament);
+// service does not know takes the letter of the event before it. on_event is told the running count.
+std::string uploadevents_text(Database& tournament, const std::function<void(int count)>& on_event = {});
 
 // "upload events": after the question, the events replace the online ones (their entries go with them), the
 // online list is read again and entries and withdrawals are closed, online and here.

@@ -106,6 +106,30 @@ TEST_F(OnlineEventsTest, UploadReplacesTheOnlineEventsAndClosesBothStates)
     EXPECT_TRUE(batch_sent);
 }
 
+// The service's account takes 50 events: it says so, and that is told instead of the three lines.
+TEST_F(OnlineEventsTest, ALongListOfEventsGoesInBatchesUpToTheAccountsLimit)
+{
+    for (int eid = 4; eid <= 60; ++eid)
+        add_event(eid, "event number " + std::to_string(eid) + " of the long list", "female", "doubles");
+    ASSERT_GT(uploadevents_text(db()).size(), 2 * ServiceClient::batch_size);
+    ASSERT_TRUE(upload());
+    std::vector<std::string> progress;
+    for (const auto& said : talk.said)
+        if (said.kind == "progress" && !said.text.empty() && !said.text.ends_with("bytes downloaded"))
+            progress.push_back(said.text);
+    ASSERT_GE(progress.size(), 64u);
+    EXPECT_EQ(progress[0], "preparing event 1");
+    EXPECT_EQ(progress[59], "preparing event 60");
+    EXPECT_EQ(std::vector<std::string>(progress.begin() + 60, progress.begin() + 64),
+        (std::vector<std::string> {
+            "uploading batch 1", "uploading batch 2", "uploading batch 3", "server is processing request..." }));
+    EXPECT_EQ(talk.last_message(), "event limit of 50 reached, only the first 50 events were uploaded");
+    const auto events = online_events(init(), "club7");
+    ASSERT_EQ(events.size(), 50u);
+    EXPECT_EQ(events.back(), (std::pair<std::int64_t, std::string> { 50, "event number 50 of the long list" }));
+    EXPECT_EQ(local_states(), "closed^closed");
+}
+
 TEST_F(OnlineEventsTest, UploadRefusesWithoutEventsOrAccount)
 {
     db().run("delete from events");
