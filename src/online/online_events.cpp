@@ -129,9 +129,10 @@ bool uploadevents_script_new(Session& session)
     session.busy(false);
     if (!told)
         return false;
-    refreshevents(session);
+    // The new list of online events and the closed states are one change of the local record.
     auto& init = session.init_db();
     Transaction transaction(init);
+    refreshevents(session);
     reset_online_tournament(init, custid_of(session));
     transaction.commit();
     if (!told->empty())
