@@ -357,6 +357,19 @@ TEST_F(OnlineEventsTest, ArchiveNamesRenamesAndClearsPeeks)
     ASSERT_TRUE(rename_qv5_file(session, "kept.qv5", "final entries.QV5"));
     EXPECT_TRUE(std::filesystem::exists(archive / "final entries.qv5"));
 
+    // "load": an archived file replaces the tournament's content once the director says yes.
+    std::ofstream(archive / "full.qv5", std::ios::binary)
+        << "club cup^%^\r\n1^open^m^p^5^singles^'^\r\n^est^1^Al^West^a@b^^^m^" << std::string(15, '^')
+        << "1^/^\r\n1^1^^^^\\^\r\n";
+    EXPECT_FALSE(load_archived_entries(session, "full.qv5"));
+    EXPECT_EQ(last_question(), "This will clear the current tournament file.Are you sure you want to do this ?");
+    EXPECT_EQ(count(db(), "events"), 3);
+    talk.answers.push_back(Answer::Yes);
+    ASSERT_TRUE(load_archived_entries(session, "full.qv5"));
+    EXPECT_EQ(db().scalar_text("select group_concat(eid || ':' || player) from evententries"), "1:Al West");
+    EXPECT_EQ(count(db(), "events"), 1);
+    std::filesystem::remove(archive / "full.qv5");
+
     EXPECT_EQ(clear_peek_files(session), 0) << "no is the default answer";
     talk.answers.push_back(Answer::Yes);
     EXPECT_EQ(clear_peek_files(session), 2);

@@ -7,6 +7,7 @@
 #include "ui/online_area.h"
 #include "ui/online_events_tab.h"
 #include "ui/peek_browse_window.h"
+#include "ui/toolbar_windows.h"
 #include "ui/window_behaviour.h"
 #include "ui_test_support.h"
 
@@ -158,6 +159,14 @@ TEST_F(OnlineEventsTabTest, TheTournamentMenuBrowsesAFileAndTheArchiveRenamesAnd
     ASSERT_NE(browse, nullptr);
     EXPECT_EQ(browse->heading()->text(), QStringLiteral("club cup  (entries.qv5)"));
     EXPECT_EQ(test::lines_of(browse->entries()), QStringList({ "Al West" }));
+
+    // The feederapps window downloads and loads too; without an account it stops at the first check.
+    auto* feeder = window.open_feederapps();
+    auto* download = feeder->button(QStringLiteral("download entries load"));
+    ASSERT_NE(download, nullptr);
+    session().settings().set_disk_var("app.custid", "");
+    download->click();
+    EXPECT_EQ(talk.last_message(), "no default account set,update in control panel");
 
     std::filesystem::copy_file(file, session().dirs().qv5_file_archive / "a.qv5");
     tab()->init();
