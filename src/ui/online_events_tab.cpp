@@ -88,9 +88,11 @@ OnlineEventsTab::OnlineEventsTab(Session& session, QWidget* parent)
     m_qv5_name->setPlaceholderText(QStringLiteral("new name or text to search"));
     m_states->setObjectName(QStringLiteral("states"));
     for (auto* list : { m_online_events, m_local_events, m_qv5_files }) {
-        list->setMinimumWidth(QFontMetrics(list->font()).averageCharWidth() * 28);
+        list->setMinimumWidth(QFontMetrics(list->font()).averageCharWidth() * 40);
         list->setMinimumHeight(200);
     }
+    // An archive name carries the tournament name and the time of the download: room for a usual one whole.
+    m_qv5_files->setMinimumWidth(QFontMetrics(m_qv5_files->font()).averageCharWidth() * 48);
 
     auto* columns = new QHBoxLayout(this);
     auto* online = column_box(this, QStringLiteral("online"), { m_online_operations });
