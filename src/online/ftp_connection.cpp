@@ -93,6 +93,8 @@ void FtpConnection::reset()
     curl_easy_setopt(curl, CURLOPT_USERNAME, m_user.c_str());
     curl_easy_setopt(curl, CURLOPT_PASSWORD, m_password.c_str());
     curl_easy_setopt(curl, CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
+    if (!m_options.ca_file.empty())
+        curl_easy_setopt(curl, CURLOPT_CAINFO, m_options.ca_file.c_str());
     curl_easy_setopt(curl, CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_NOCWD));
     curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, static_cast<long>(m_options.response_timeout_seconds));
     curl_easy_setopt(curl, CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(m_options.response_timeout_seconds));

@@ -21,6 +21,8 @@ public:
         int response_timeout_seconds = 30;
         // Runs while a transfer goes on, so that windows can repaint.
         std::function<void()> breathe;
+        // Certificates to trust instead of the system's, for a host whose certificate a private authority signed.
+        std::filesystem::path ca_file;
     };
 
     // server: "host" or "host:port".

@@ -102,7 +102,9 @@ bool FtpPublisher::FTP_connect_server(const FtpStrings& strings, const std::stri
 {
     m_directory = directory;
     status("connecting to server..." + strings.server);
-    FtpConnection::Options options { std::max(1, m_session.settings().integer("app.ftp_timeout")), m_view.breathe };
+    FtpConnection::Options options;
+    options.response_timeout_seconds = std::max(1, m_session.settings().integer("app.ftp_timeout"));
+    options.breathe = m_view.breathe;
     m_connection = std::make_unique<FtpConnection>(
         strings.server, ftp_user_name(strings.user_part), ftp_password(strings.password_part), options);
     if (!m_connection->opened()) {

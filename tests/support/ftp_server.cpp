@@ -29,11 +29,13 @@ int read_port(int fd)
 
 } // namespace
 
-FtpServerProcess::FtpServerProcess(
-    const std::filesystem::path& root, const std::string& user, const std::string& password)
+FtpServerProcess::FtpServerProcess(const std::filesystem::path& root, const std::string& user,
+    const std::string& password, const std::filesystem::path& tls_pem)
 {
     // The system's interpreter: Debian's python3-pyftpdlib belongs to it, whatever python3 the PATH finds first.
     std::vector<std::string> args { "/usr/bin/python3", QV_FTP_SERVER_SCRIPT, root.string(), user, password };
+    if (!tls_pem.empty())
+        args.push_back(tls_pem.string());
     std::vector<char*> argv;
     for (auto& arg : args)
         argv.push_back(arg.data());

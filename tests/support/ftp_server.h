@@ -7,11 +7,13 @@
 namespace qv::test {
 
 // Debian's pyftpdlib serving a temporary root to one user, on a free loopback port, for one test. The
-// constructor returns once the server accepts connections; the destructor stops it.
+// constructor returns once the server accepts connections; the destructor stops it. Given a PEM file of
+// certificate and key, the server takes no login before the session switched to TLS.
 class FtpServerProcess
 {
 public:
-    FtpServerProcess(const std::filesystem::path& root, const std::string& user, const std::string& password);
+    FtpServerProcess(const std::filesystem::path& root, const std::string& user, const std::string& password,
+        const std::filesystem::path& tls_pem = {});
     ~FtpServerProcess();
     FtpServerProcess(const FtpServerProcess&) = delete;
     FtpServerProcess& operator=(const FtpServerProcess&) = delete;
