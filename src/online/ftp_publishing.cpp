@@ -20,6 +20,8 @@ namespace {
 
 // How long one attempt may wait for the host to answer and accept the login.
 constexpr int attempt_seconds = 5;
+// The transfer library's number for a handle it could not set up (CURLE_FAILED_INIT).
+constexpr int library_init_failed = 2;
 
 // The remote list is sorted as the listing's sorted list box sorts: case-blind.
 void sort_case_blind(std::vector<std::string>& names)
@@ -108,7 +110,7 @@ bool FtpPublisher::FTP_connect_server(const FtpStrings& strings, const std::stri
     m_connection = std::make_unique<FtpConnection>(
         strings.server, ftp_user_name(strings.user_part), ftp_password(strings.password_part), options);
     if (!m_connection->opened()) {
-        error_out(2, "InternetOpen");
+        error_out(library_init_failed, "InternetOpen");
         m_connection.reset();
         m_session.talk().message("error connecting to the internet");
         return false;
