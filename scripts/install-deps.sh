@@ -4,7 +4,7 @@ set -euo pipefail
 packages=(cmake ninja-build g++ pkg-config
     qt6-base-dev libqt6sql6-sqlite qt6-qpa-plugins libgl-dev
     libsqlite3-dev libcurl4-openssl-dev libgif-dev libcpp-httplib-dev libssl-dev
-    libgtest-dev libgmock-dev libbenchmark-dev
+    libgtest-dev libgmock-dev libbenchmark-dev python3-pyftpdlib python3-openssl
     fonts-dejavu-core fontconfig)
 missing=()
 for p in "${packages[@]}"; do
