@@ -3,7 +3,7 @@
 set -euo pipefail
 packages=(cmake ninja-build g++ pkg-config
     qt6-base-dev libqt6sql6-sqlite qt6-qpa-plugins libgl-dev
-    libsqlite3-dev libcurl4-openssl-dev libgif-dev libcpp-httplib-dev libssl-dev
+    libsqlite3-dev libcurl4-openssl-dev libgif-dev libcpp-httplib-dev libssl-dev nlohmann-json3-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     fonts-dejavu-core fontconfig)
 missing=()
