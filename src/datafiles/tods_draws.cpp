@@ -98,7 +98,7 @@ Json score_json(const std::string& text, int winning_side)
 }
 
 // The draw positions of the sides, in the order the standard reads sides: the lower position is side 1.
-// names_at: each name's position; a side not yet known has none.
+// position_of: the draw position of each name; a side not yet known has none.
 Json match_json(const Row& row, const std::map<std::string, int>& position_of, const TodsVenue& venue,
     const std::string& match_type)
 {
