@@ -5,7 +5,7 @@
 namespace qv {
 namespace {
 
-TEST(CommandLine, TheFirstTournamentFileIsOpenedAndMadeAbsolute)
+TEST(TournamentFileArgument, TheFirstTournamentFileIsOpenedAndMadeAbsolute)
 {
     struct Case
     {
