@@ -1,16 +1,19 @@
-#include "core/app_dirs.h"
+#include "core/command_line.h"
+#include "core/installed_layout.h"
 #include "core/session.h"
 #include "ui/file_watch.h"
 #include "ui/main_window.h"
 #include "ui/start_up.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QMessageBox>
 #include <QStandardPaths>
 
 #include <exception>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -44,8 +47,9 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName(QStringLiteral("quorvelin"));
     QCoreApplication::setOrganizationName(QStringLiteral("quorvelin"));
 
-    const auto app_dir = qv::choose_application_directory(QCoreApplication::applicationDirPath().toStdString(),
-        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString());
+    const auto app_dir
+        = qv::choose_installed_application_directory(QCoreApplication::applicationDirPath().toStdString(),
+            QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString());
 
     qv::MainWindow window(app_dir);
     window.resize(1100, 720);
@@ -53,7 +57,13 @@ int main(int argc, char* argv[])
     app.installEventFilter(new qv::FileWatch(window.session(), &window));
     QObject::connect(&window, &qv::MainWindow::processEnded, &app, &QCoreApplication::quit, Qt::QueuedConnection);
 
-    auto* start_up = new qv::StartUp(window);
+    // Qt has taken its own options out of the arguments by now.
+    std::vector<std::string> arguments;
+    for (const auto& argument : QCoreApplication::arguments())
+        arguments.push_back(argument.toStdString());
+    const auto file = qv::tournament_file_argument(arguments, QDir::currentPath().toStdString());
+
+    auto* start_up = new qv::StartUp(window, file ? QString::fromStdString(file->string()) : QString());
     start_up->start();
     return app.exec();
 }

@@ -5,6 +5,7 @@
 #include "core/text_rules.h"
 #include "core/utf8.h"
 #include "documents/makedrawpic_new.h"
+#include "documents/pdf_save.h"
 #include "documents/printroutines.h"
 #include "documents/text_draw_ko.h"
 #include "documents/text_draw_rr.h"
@@ -59,6 +60,22 @@ std::vector<DrawPicture> made_pictures(Session& session, std::int64_t eid, const
     return makepic1(session, DrawStore::tournament, eid, options);
 }
 
+// Every picture of each draw on pages of its own, placed by the default configuration of its draw kind.
+void print_draws(
+    Session& session, PrintJob& job, const std::vector<std::int64_t>& eids, const PictureOptions& options, int copies)
+{
+    for (auto eid : eids)
+        for (const auto& picture : made_pictures(session, eid, options))
+            print_picture_by_config(
+                session, job, printable(picture.layout), { picture.drawtype, picture.print_size }, copies);
+}
+
+// "draw_" and the event's name as a file name.
+std::string draw_pdf_name(Database& tournament, std::int64_t eid)
+{
+    return "draw_" + no_blanks_quotes(tournament.scalar_text("select eventname from events where eid=?", eid)) + ".pdf";
+}
+
 } // namespace
 
 std::vector<DrawLine> events_drawdone_draws(Database& tournament)
@@ -79,12 +96,31 @@ bool prints_print(Session& session, const PrintsChoice& choice)
         return false;
     }
     const auto options = options_of(session, choice);
-    return print_with_printer(session, "Print draws", [&](PrintJob& job) {
-        for (auto eid : choice.eids)
-            for (const auto& picture : made_pictures(session, eid, options))
-                print_picture_by_config(
-                    session, job, printable(picture.layout), { picture.drawtype, picture.print_size }, *copies);
-    });
+    return print_with_printer(
+        session, "Print draws", [&](PrintJob& job) { print_draws(session, job, choice.eids, options, *copies); });
+}
+
+bool prints_save_pdf(Session& session, const PrintsChoice& choice, const PdfDevice& device)
+{
+    if (refuse_no_draw(session, choice))
+        return false;
+    const auto options = options_of(session, choice);
+    const auto name = choice.eids.size() == 1 ? draw_pdf_name(session.tournament(), choice.eids.front()) : "draws.pdf";
+    return save_pdf_with(session, device, name, "Print draws", [&](PrintJob& job) {
+        print_draws(session, job, choice.eids, options, 1);
+    }).has_value();
+}
+
+bool draw_save_pdf(Session& session, std::int64_t eid, const PdfDevice& device)
+{
+    const auto options = picture_options_from_settings(session);
+    if (session.tournament().scalar_integer("select count(*) from schedule where eid=?", eid) == 0) {
+        session.talk().message("no image to print");
+        return false;
+    }
+    return save_pdf_with(session, device, draw_pdf_name(session.tournament(), eid), "Print draws", [&](PrintJob& job) {
+        print_draws(session, job, { eid }, options, 1);
+    }).has_value();
 }
 
 bool prints_save_images(Session& session, const PrintsChoice& choice)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "documents/pdf_save.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -32,6 +34,14 @@ struct PrintsChoice
 // "print": each selected draw's pictures, every one by the default configuration of its draw kind, the copies
 // typed. False when refused or nothing was printed.
 bool prints_print(Session& session, const PrintsChoice& choice);
+
+// "save as PDF": what "print" prints, one copy of each page, into one PDF file the user names ("draw_" and the
+// event's name for one draw, "draws.pdf" for more).
+bool prints_save_pdf(Session& session, const PrintsChoice& choice, const PdfDevice& device);
+
+// "save as PDF" of the draw area: the event's draw by the pictures' settings, as the prints area makes it; a draw
+// not yet saved has no picture: "no image to print".
+bool draw_save_pdf(Session& session, std::int64_t eid, const PdfDevice& device);
 
 // "save images": each selected draw's pictures as GIF files in the folder the user chooses; then
 // "draw images available in " and the folder.

@@ -8,6 +8,7 @@
 #include <QPagedPaintDevice>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 namespace qv {
@@ -30,6 +31,29 @@ int text_setting(Session& session, const char* key)
 QString qs(std::string_view text)
 {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// Qt's tab stops, 80 pixels of a screen, at the resolution of the page.
+qreal tab_stop(const QPainter& painter)
+{
+    return 80.0 * painter.device()->logicalDpiX() / 96.0;
+}
+
+// A line whose tabs jump to the next tab stop. The pieces are placed here: Qt's own expansion of tabs drops the
+// text after a tab on a high-resolution printer.
+void draw_tabbed_line(QPainter& painter, const QRectF& rect, const QString& line)
+{
+    const qreal tab = tab_stop(painter);
+    const QFontMetricsF metrics(painter.font(), painter.device());
+    qreal x = 0;
+    const auto pieces = line.split(QLatin1Char('\t'));
+    for (qsizetype i = 0; i < pieces.size(); ++i) {
+        if (i > 0)
+            x = (std::floor(x / tab) + 1) * tab;
+        painter.drawText(QRectF(rect.left() + x, rect.top(), std::max<qreal>(rect.width() - x, 1), rect.height()),
+            Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, pieces[i]);
+        x += metrics.horizontalAdvance(pieces[i]);
+    }
 }
 
 } // namespace
@@ -150,8 +174,7 @@ bool print_text(Session& session, PrintJob& job, const std::vector<std::string>&
             painter.setPen(Qt::black);
             y = 0;
         }
-        painter.drawText(QRectF(0, y, job.page().width(), line_height),
-            Qt::AlignLeft | Qt::AlignVCenter | Qt::TextExpandTabs | Qt::TextSingleLine, qs(line));
+        draw_tabbed_line(painter, QRectF(0, y, job.page().width(), line_height), qs(line));
         y += line_height;
     }
     return true;

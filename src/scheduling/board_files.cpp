@@ -33,7 +33,7 @@ std::vector<std::string> list_chooser_entries(Session& session)
     std::vector<std::string> entries { "select.." };
     if (screenscrape_allowed(session))
         entries.push_back("screenscrape");
-    for (const char* entry : { "print(l)", "print(p)", "save to file" })
+    for (const char* entry : { "print(l)", "print(p)", "save to file", "save as PDF(l)", "save as PDF(p)" })
         entries.emplace_back(entry);
     return entries;
 }

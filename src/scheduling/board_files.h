@@ -14,7 +14,8 @@ namespace qv {
 std::filesystem::path day_court_map(ScheduleBoard& board);
 
 // The choices over a list, in order: "select..", "screenscrape" (only while app.screenscrape allows it),
-// "print(l)", "print(p)", "save to file".
+// "print(l)", "print(p)", "save to file", then "save as PDF(l)" and "save as PDF(p)": the pages of the prints in
+// a PDF file.
 std::vector<std::string> list_chooser_entries(Session& session);
 bool screenscrape_allowed(Session& session);
 

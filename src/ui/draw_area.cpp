@@ -1,6 +1,7 @@
 #include "ui/draw_area.h"
 
 #include "core/session.h"
+#include "documents/print_save_draws.h"
 #include "drawengine/force_draw.h"
 #include "drawengine/ko_progression.h"
 #include "drawengine/ko_row_values.h"
@@ -15,6 +16,7 @@
 #include "ui/events_filter_window.h"
 #include "ui/force_draw_window.h"
 #include "ui/id_lists.h"
+#include "ui/pdf_printer.h"
 #include "ui/qt_text.h"
 #include "ui/replacement_windows.h"
 #include "ui/rr_draw_view.h"
@@ -403,7 +405,7 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     left->addWidget(m_events, 1);
     left->addWidget(m_filter_tag);
     for (const char* caption : { "do draw", "save draw", "rollback to last save", "byes thru", "do all draws",
-             "delete draw", "draw config", "add result", "force draw config", "force draw" }) {
+             "delete draw", "draw config", "add result", "force draw config", "force draw", "save as PDF" }) {
         auto* button = new QPushButton(QString::fromLatin1(caption), this);
         button->setAutoDefault(false);
         left->addWidget(button);
@@ -471,6 +473,12 @@ DrawArea::DrawArea(Session& session, QWidget* parent)
     connect(button(QStringLiteral("force draw")), &QPushButton::clicked, this, &DrawArea::force_draw);
     connect(button(QStringLiteral("add result")), &QPushButton::clicked, this,
         [this] { emit resultRequested(m_last_sid); });
+    connect(button(QStringLiteral("save as PDF")), &QPushButton::clicked, this, [this] {
+        if (m_open.draw.curr_eid == 0)
+            m_session.talk().message("select event");
+        else
+            draw_save_pdf(m_session, m_open.draw.curr_eid, pdf_printer);
+    });
     connect(m_save_as_u_go, &QCheckBox::toggled, this,
         [this](bool on) { setting_toggled(m_save_as_u_go, "draw.isaveasugo", on); });
     connect(m_save_no_prompt, &QCheckBox::toggled, this,

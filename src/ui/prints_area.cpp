@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "ui/id_lists.h"
+#include "ui/pdf_printer.h"
 #include "ui/qt_text.h"
 
 #include <QCheckBox>
@@ -108,6 +109,9 @@ QWidget* PrintsArea::build_options()
     auto* print_button = new QPushButton(QStringLiteral("print"), box);
     print_button->setObjectName(QStringLiteral("print"));
     column->addWidget(print_button);
+    auto* pdf_button = new QPushButton(QStringLiteral("save as PDF"), box);
+    pdf_button->setObjectName(QStringLiteral("save_pdf"));
+    column->addWidget(pdf_button);
     column->addSpacing(10);
     m_actions->setObjectName(QStringLiteral("actions"));
     for (const char* action : action_captions)
@@ -116,6 +120,7 @@ QWidget* PrintsArea::build_options()
     column->addWidget(m_actions);
     column->addStretch();
     connect(print_button, &QPushButton::clicked, this, &PrintsArea::print);
+    connect(pdf_button, &QPushButton::clicked, this, &PrintsArea::save_pdf);
     connect(m_copies, &QLineEdit::returnPressed, this, &PrintsArea::print);
     return box;
 }
@@ -175,6 +180,11 @@ PrintsChoice PrintsArea::choice() const
 bool PrintsArea::print()
 {
     return prints_print(m_session, choice());
+}
+
+bool PrintsArea::save_pdf()
+{
+    return prints_save_pdf(m_session, choice(), pdf_printer);
 }
 
 bool PrintsArea::save_images()

@@ -11,7 +11,7 @@ class QPushButton;
 namespace qv {
 
 // The prints area, print_save_draws ("Print draws"): the draws that exist, the ticks "split128", "country" and
-// "times", the copies, "print", and the actions "save images" and "save text" over the selected draws.
+// "times", the copies, "print" and "save as PDF", and the actions "save images" and "save text" over the selected draws.
 class PrintsArea : public AreaPage
 {
     Q_OBJECT
@@ -33,6 +33,8 @@ public slots:
     // events_drawdone_draws: reads the list again, keeping the selection.
     void load_draws();
     bool print();
+    // "save as PDF": the pages "print" makes, one copy, in one PDF file.
+    bool save_pdf();
     bool save_images();
     bool save_text();
 

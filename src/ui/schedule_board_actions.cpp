@@ -15,6 +15,7 @@
 #include "ui/court_windows.h"
 #include "ui/distload_window.h"
 #include "ui/list_search.h"
+#include "ui/pdf_printer.h"
 #include "ui/players_windows.h"
 #include "ui/qt_text.h"
 #include "ui/schedule_board.h"
@@ -412,6 +413,11 @@ void ScheduleBoardArea::list_chooser(BoardListId which, const QString& entry)
     else if (entry == QStringLiteral("print(l)") || entry == QStringLiteral("print(p)"))
         print_lines(m_session, board_list_text(*m_board, which), entry == QStringLiteral("print(l)") ? "l" : "p",
             std::filesystem::path(board_list_file_name(*m_board, which)).stem().string());
+    else if (entry == QStringLiteral("save as PDF(l)") || entry == QStringLiteral("save as PDF(p)")) {
+        const std::filesystem::path name = board_list_file_name(*m_board, which);
+        save_lines_as_pdf(m_session, board_list_text(*m_board, which),
+            entry == QStringLiteral("save as PDF(l)") ? "l" : "p", name.stem().string(), name.stem().string() + ".pdf");
+    }
 }
 
 void ScheduleBoardArea::status_of(BoardListId which, qint64 sid)

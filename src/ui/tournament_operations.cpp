@@ -2,6 +2,7 @@
 
 #include "core/session.h"
 #include "datafiles/results_file.h"
+#include "datafiles/tods_export.h"
 #include "ui/add_to_event_window.h"
 #include "ui/drawconfig_window.h"
 #include "ui/events_windows.h"
@@ -121,7 +122,7 @@ void register_players(TournamentArea& area, Session& session)
 void keep_tournament_order(QListWidget* list)
 {
     static const QStringList order { "add results", "imports/exports", "save qv4 file", "export entries (brief)",
-        "export entries (expanded)", "tournament", "set dates/", "clear data" };
+        "export entries (expanded)", "export TODS (json)", "tournament", "set dates/", "clear data" };
     const auto rank = [](const QString& caption) {
         for (int i = 0; i < order.size(); ++i)
             if (caption == order[i] || (order[i].endsWith(QLatin1Char('/')) && caption.startsWith(order[i])))
@@ -159,6 +160,10 @@ void register_tournament(TournamentArea& area, Session& session, const Tournamen
     area.add_operation(OperationList::tournament, QStringLiteral("export entries (expanded)"), [&session] {
         if (session.has_tournament())
             save_entries_expanded(session);
+    });
+    area.add_operation(OperationList::tournament, QStringLiteral("export TODS (json)"), [&session] {
+        if (session.has_tournament())
+            export_tods(session);
     });
     area.add_operation(OperationList::tournament, QStringLiteral("tournament"), [&session, parent] {
         if (session.has_tournament())

@@ -195,7 +195,8 @@ TEST_F(BoardFindTest, DayCourtMapAndListFiles)
 
     // The chooser offers "screenscrape" only while the setting allows it.
     EXPECT_EQ(list_chooser_entries(session),
-        (std::vector<std::string> { "select..", "print(l)", "print(p)", "save to file" }));
+        (std::vector<std::string> {
+            "select..", "print(l)", "print(p)", "save to file", "save as PDF(l)", "save as PDF(p)" }));
     EXPECT_FALSE(screenscrape_list(*board, BoardListId::unscheduled));
     session.settings().apply_disk_var("app.screenscrape", "allow screenscrape");
     EXPECT_EQ(list_chooser_entries(session)[1], "screenscrape");

@@ -104,6 +104,13 @@ TEST_F(ExportsWindowTest, TheTournamentListSavesAResultsFileAndTheEntriesLists)
     EXPECT_EQ(test::read_crlf_lines(expanded).back(), "open)");
     auto* list = window.tournament_area()->operations(OperationList::tournament);
     EXPECT_EQ(list->item(1)->text(), QStringLiteral("imports/exports"));
+
+    // The TODS export sits after the entries lists and writes JSON where the user chooses.
+    EXPECT_EQ(list->item(5)->text(), QStringLiteral("export TODS (json)"));
+    const auto tods = dir.path() / "t.json";
+    talk.files.push_back({ tods });
+    test::click_operation(*window.tournament_area(), OperationList::tournament, QStringLiteral("export TODS (json)"));
+    EXPECT_EQ(test::read_bytes(tods).rfind("{\n  \"tournamentId\": ", 0), 0u);
 }
 
 } // namespace
