@@ -1,5 +1,6 @@
 #include "ui/area_page.h"
 #include "ui/assistant_area.h"
+#include "ui/documents_area.h"
 #include "ui/payments_area.h"
 #include "ui/prints_area.h"
 #include "ui/schedule_board.h"
@@ -19,6 +20,7 @@ AreaPage* make_area_page(Area area, Session& session, MainWindow& main, QWidget*
     case Area::assistant_new:
         return new AssistantArea(session, main, parent);
     case Area::idocuments:
+        return new DocumentsArea(session, main, parent);
     case Area::config_admin:
     case Area::mainform:
     case Area::draw:
