@@ -46,9 +46,12 @@ Document text_draw_document(
     if (!event.step())
         return document;
     const auto name = event.text("eventname");
+    // A round robin is read through its scratch table, written in one go.
+    Transaction transaction(tournament);
     const auto lines = lcase(trim(event.text("drawtype"))) == "rr"
         ? text_draw_rr_lines(tournament, eid, name)
         : text_draw_ko_lines(tournament, static_cast<int>(event.integer("drawsize")), eid, name, pointers, countries);
+    transaction.commit();
     for (const auto& line : lines)
         document.add(line);
     return document;

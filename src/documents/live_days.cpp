@@ -21,6 +21,7 @@ std::vector<std::string> day_lines(Database& tournament, std::string_view sql)
 
 void set_days(Database& tournament, const std::vector<std::string>& lines, bool no_day_is_empty)
 {
+    Transaction transaction(tournament);
     tournament.run("Delete from livedays");
     auto insert = tournament.query("insert into livedays (sdate) values (?)");
     for (const auto& line : lines) {
@@ -29,6 +30,7 @@ void set_days(Database& tournament, const std::vector<std::string>& lines, bool 
         insert.step();
         insert.reset();
     }
+    transaction.commit();
 }
 
 } // namespace

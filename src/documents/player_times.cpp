@@ -91,6 +91,8 @@ std::string player_times_location(const Statement& row, const DocumentContext& c
 void VIP_compile_player_times(const DocumentContext& context, const PlayerTimesOptions& options, PlayerTimesTable table)
 {
     auto& db = context.tournament;
+    // One write of the scratch rows rather than one for each.
+    Transaction transaction(db);
     db.run(table == PlayerTimesTable::website ? "Delete from player_times_website" : "Delete from player_times_idocs");
     auto insert = db.query(insert_sql(table));
     for (auto row = db.query(R"(select * from schedule where  scheduledate in (select sdate from livedays)
@@ -115,6 +117,7 @@ void VIP_compile_player_times(const DocumentContext& context, const PlayerTimesO
             insert.reset();
         }
     }
+    transaction.commit();
 }
 
 void VIP_compile_player_times_idocs(const DocumentContext& context, const PlayerTimesOptions& options)

@@ -16,6 +16,8 @@ std::string points_text(double points)
 Document standings_rr(const DocumentContext& context, std::int64_t eid)
 {
     auto& db = context.tournament;
+    // The scratch tables are written in one go.
+    Transaction transaction(db);
     db.run("delete from alist10_rr");
     db.run("delete from alist");
     db.run(R"(insert into alist (nm) select mtttt from schedule where eid=? and mtttt <>''
@@ -35,6 +37,7 @@ Document standings_rr(const DocumentContext& context, std::int64_t eid)
             add.reset();
         }
     }
+    transaction.commit();
     for (auto row = db.query("Select nm, points from alist10_rr order by points desc, rowid"); row.step();)
         document.add(row.text("nm") + "(" + points_text(row.real("points")) + ")");
     end_document(document, context);
