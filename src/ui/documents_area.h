@@ -1,6 +1,7 @@
 #pragma once
 
 #include "documents/document_lines.h"
+#include "documents/document_options.h"
 #include "documents/document_save.h"
 #include "ui/area_page.h"
 
@@ -102,6 +103,8 @@ private:
     void load_lists();
     void load_ticks();
     void show_document(Document document, DocumentPage page);
+    // After a change elsewhere: each match line of the schedule shown is read again, as the run made it.
+    void update_schedule_lines();
     // The days chosen on a page; "select day" when there is none.
     std::optional<std::vector<std::string>> chosen_days(Tab tab);
     std::vector<std::int64_t> chosen_events(QListWidget* list) const;
@@ -115,6 +118,8 @@ private:
     bool m_loading = false;
     Document m_document;
     DocumentPage m_page = DocumentPage::schedule;
+    ScheduleBy m_schedule_run = ScheduleBy::court;
+    ScheduleOptions m_schedule_options;
     QTabWidget* m_tabs;
     QStackedWidget* m_output_stack = nullptr;
     QListWidget* m_list = nullptr;

@@ -323,11 +323,11 @@ void DocumentsArea::refresh_schedule()
         return;
     m_session.busy(true);
     const auto context = document_context(m_session);
-    const auto by = static_cast<ScheduleBy>(m_schedule_by->currentIndex());
-    const auto options = idocs_schedule_options(m_session.settings());
+    m_schedule_run = static_cast<ScheduleBy>(m_schedule_by->currentIndex());
+    m_schedule_options = idocs_schedule_options(m_session.settings());
     Document document;
     for (const auto& day : *chosen)
-        document.append(FORMAT_schedule_by(context, by, day.substr(0, 10), options));
+        document.append(FORMAT_schedule_by(context, m_schedule_run, day.substr(0, 10), m_schedule_options));
     show_document(std::move(document), DocumentPage::schedule);
     m_session.busy(false);
 }
