@@ -55,6 +55,7 @@ public:
     QComboBox* xtime() const { return m_xtime; }
     QLineEdit* copies() const { return m_copies; }
     QLineEdit* search_box() const { return m_search; }
+    QLineEdit* player_box() const { return m_player_box; }
     // The tick of a setting, by its key.
     QCheckBox* tick(const std::string& key) const;
     const Document& document() const { return m_document; }
@@ -66,6 +67,8 @@ public slots:
     void refresh_results();
     void refresh_player_times();
     void show_player_times(const QString& player);
+    // The player search box: the live and unfinished matches of the name typed, on any day.
+    void search_player();
     void refresh_players();
     void refresh_alias();
     void refresh_country_codes();
@@ -132,6 +135,7 @@ private:
     QComboBox* m_results_style = nullptr;
     QComboBox* m_xtime = nullptr;
     QListWidget* m_players = nullptr;
+    QLineEdit* m_player_box = nullptr;
     QListWidget* m_alias_events = nullptr;
     QListWidget* m_draw_events = nullptr;
     QCheckBox* m_pointers = nullptr;

@@ -183,6 +183,11 @@ QWidget* DocumentsArea::build_player_times()
     add_button(column, QStringLiteral("refresh"), [](DocumentsArea* a) {
         a->refresh_player_times();
     })->setObjectName(QStringLiteral("refresh player times"));
+    m_player_box = new QLineEdit(page);
+    m_player_box->setObjectName(QStringLiteral("player search"));
+    m_player_box->setPlaceholderText(QStringLiteral("player search"));
+    column->addWidget(m_player_box);
+    connect(m_player_box, &QLineEdit::returnPressed, this, &DocumentsArea::search_player);
     column->addWidget(new QLabel(QStringLiteral("players"), page));
     m_players = new QListWidget(page);
     m_players->setObjectName(QStringLiteral("players"));
@@ -372,6 +377,14 @@ void DocumentsArea::show_player_times(const QString& player)
         return;
     show_document(
         VIP_text_player_times_idocs_pn(document_context(m_session), to_std(player)), DocumentPage::player_times);
+}
+
+void DocumentsArea::search_player()
+{
+    const auto name = to_std(m_player_box->text().trimmed());
+    if (!m_session.has_tournament() || name.empty())
+        return;
+    show_document(player_search_times(document_context(m_session), name), DocumentPage::player_times);
 }
 
 void DocumentsArea::refresh_players()

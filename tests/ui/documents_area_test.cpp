@@ -151,6 +151,9 @@ TEST_F(DocumentsAreaTest, PlayerTimesListThePlayersAndAClickShowsOneAlone)
     emit area().players()->itemClicked(area().players()->currentItem());
     EXPECT_EQ(area().document().lines[1].text, "times for eli east");
     EXPECT_EQ(area().output_list()->count(), 8); // two rows of eli east
+    area().player_box()->setText(QStringLiteral("jon judd"));
+    press_enter(area().player_box());
+    EXPECT_EQ(area().document().lines[4].text, "jon judd mens singles at 10:00 r1 tue03mar26");
 }
 
 // "save as.." offers the page's file name and writes Windows-1252; a line without a match has none to show.
