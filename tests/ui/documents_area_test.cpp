@@ -150,6 +150,8 @@ TEST_F(DocumentsAreaTest, PlayerTimesListThePlayersAndAClickShowsOneAlone)
     test::select_line(area().players(), QStringLiteral("eli east"));
     emit area().players()->itemClicked(area().players()->currentItem());
     EXPECT_EQ(area().document().lines[1].text, "times for eli east");
+    QApplication::processEvents();
+    window.grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/documents_player_times.png"));
     EXPECT_EQ(area().output_list()->count(), 8); // two rows of eli east
     area().player_box()->setText(QStringLiteral("jon judd"));
     press_enter(area().player_box());
