@@ -9,6 +9,7 @@
 #include "ui/id_lists.h"
 #include "ui/list_search.h"
 #include "ui/main_window.h"
+#include "ui/pdf_printer.h"
 #include "ui/players_windows.h"
 #include "ui/qt_text.h"
 #include "ui/schedule_board.h"
@@ -82,8 +83,9 @@ QWidget* DocumentsArea::build_output()
     m_output = new QComboBox(box);
     m_output->setObjectName(QStringLiteral("output"));
     m_output->addItems({ QStringLiteral("select.."), QStringLiteral("save as.."), QStringLiteral("print(l)"),
-        QStringLiteral("print(p)") });
-    m_output->setToolTip(QStringLiteral("save to a text file, print landscape, print portrait"));
+        QStringLiteral("print(p)"), QStringLiteral("save as PDF(l)"), QStringLiteral("save as PDF(p)") });
+    m_output->setToolTip(
+        QStringLiteral("save to a text file, print landscape, print portrait, save the printed pages as a PDF file"));
     top->addWidget(m_output);
     add_button(top, QStringLiteral("view"), [](DocumentsArea* a) { a->view(); });
     add_button(top, QStringLiteral("toggle text"), [](DocumentsArea* a) { a->toggle_text(); });
@@ -125,6 +127,8 @@ QWidget* DocumentsArea::build_output()
             save_as();
         else if (index == 2 || index == 3)
             print(index == 2 ? "l" : "p");
+        else if (index == 4 || index == 5)
+            save_as_pdf(index == 4 ? "l" : "p");
     });
     connect(m_search, &QLineEdit::returnPressed, this, &DocumentsArea::search);
     return box;
@@ -233,6 +237,14 @@ bool DocumentsArea::print(const std::string& orientation)
         return false;
     const auto name = std::filesystem::path(default_file_name(m_page)).stem().string();
     return print_lines(m_session, m_document.texts(), orientation, name);
+}
+
+bool DocumentsArea::save_as_pdf(const std::string& orientation)
+{
+    if (!m_session.has_tournament())
+        return false;
+    const auto name = std::filesystem::path(default_file_name(m_page)).stem().string();
+    return save_lines_as_pdf(m_session, m_document.texts(), orientation, name, name + ".pdf").has_value();
 }
 
 bool DocumentsArea::view()

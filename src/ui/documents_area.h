@@ -76,9 +76,11 @@ public slots:
     void standings();
     bool save_images();
     bool print_images();
-    // The output: "save as..", "print(l)", "print(p)", the text viewer, list or text.
+    // The output: "save as..", "print(l)", "print(p)", "save as PDF(l)", "save as PDF(p)", the text viewer, list
+    // or text.
     bool save_as();
     bool print(const std::string& orientation);
+    bool save_as_pdf(const std::string& orientation);
     bool view();
     void toggle_text();
     // The operations on the match of the current line.

@@ -172,6 +172,13 @@ TEST_F(DocumentsAreaTest, SaveOffersThePagesFileAndWritesItsLines)
     EXPECT_EQ(lines[2], "days:unscheduled,tue03mar26");
     EXPECT_NE(test::read_bytes(saved).find("ren\xe9 roux"), std::string::npos);
 
+    // "save as PDF(l)" writes the pages that "print(l)" prints, with the page's name offered.
+    const auto pdf = dir.path() / "results.pdf";
+    talk.files.push_back({ pdf });
+    emit area().output_chooser()->activated(4);
+    EXPECT_EQ(test::read_bytes(pdf).substr(0, 5), "%PDF-");
+    EXPECT_EQ(area().output_chooser()->itemText(5), QStringLiteral("save as PDF(p)"));
+
     area().output_list()->setCurrentRow(0);
     click(QStringLiteral("player details"));
     EXPECT_EQ(talk.last_message(), "select match");
