@@ -1,6 +1,7 @@
 #include "ui/area_page.h"
 #include "ui/assistant_area.h"
 #include "ui/documents_area.h"
+#include "ui/online_area.h"
 #include "ui/payments_area.h"
 #include "ui/prints_area.h"
 #include "ui/schedule_board.h"
@@ -22,6 +23,7 @@ AreaPage* make_area_page(Area area, Session& session, MainWindow& main, QWidget*
     case Area::idocuments:
         return new DocumentsArea(session, main, parent);
     case Area::config_admin:
+        return new OnlineArea(session, parent);
     case Area::mainform:
     case Area::draw:
         break;

@@ -1,5 +1,7 @@
 #include "ui/online_area.h"
 
+#include "ui/website_tab.h"
+
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -14,6 +16,14 @@ OnlineArea::OnlineArea(Session& session, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_tabs);
+
+    m_website = new WebsiteTab(session, this);
+    add_tab(m_website, QStringLiteral("website"));
+    const auto& pages = m_website->page_tabs();
+    add_tab(pages.draws, QStringLiteral("draws"));
+    add_tab(pages.schedules, QStringLiteral("schedules"));
+    add_tab(pages.player_times, QStringLiteral("player times"));
+    add_tab(pages.results, QStringLiteral("results"));
 }
 
 void OnlineArea::add_tab(AreaPage* page, const QString& caption)

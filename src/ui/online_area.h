@@ -6,6 +6,8 @@ class QTabWidget;
 
 namespace qv {
 
+class WebsiteTab;
+
 // The online area, config_admin: the website of the tournament and its publishing, and the events and entries
 // exchanged with the online service, each on tabs of their own.
 class OnlineArea : public AreaPage
@@ -20,6 +22,7 @@ public:
     void refresh_lists(Lists which) override;
 
     QTabWidget* tabs() const { return m_tabs; }
+    WebsiteTab* website() const { return m_website; }
 
 private:
     // Each tab is an area page of its own; the area passes init, clear and refreshes on to all of them.
@@ -28,6 +31,7 @@ private:
     Session& m_session;
     QTabWidget* m_tabs;
     std::vector<AreaPage*> m_pages;
+    WebsiteTab* m_website = nullptr;
 };
 
 } // namespace qv
