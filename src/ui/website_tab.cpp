@@ -96,9 +96,13 @@ WebsiteTab::WebsiteTab(Session& session, QWidget* parent)
     auto* left = new QVBoxLayout;
     left->addWidget(build_parts());
     left->addWidget(styles_box, 1);
+    // The operations list is as tall as its lines; what a run is making shows under it.
+    m_operations->setMaximumHeight(m_operations->sizeHintForRow(0) * m_operations->count() + 6);
+    m_status->setWordWrap(true);
     auto* middle = new QVBoxLayout;
-    middle->addWidget(m_operations, 1);
+    middle->addWidget(m_operations);
     middle->addWidget(m_status);
+    middle->addStretch();
     auto* layout = new QHBoxLayout(this);
     layout->addLayout(left);
     layout->addLayout(middle, 1);
