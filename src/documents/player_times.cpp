@@ -125,6 +125,11 @@ void VIP_compile_player_times_idocs(const DocumentContext& context, const Player
     VIP_compile_player_times(context, options, PlayerTimesTable::idocs);
 }
 
+void VIP_compile_player_times_website(const DocumentContext& context, const PlayerTimesOptions& options)
+{
+    VIP_compile_player_times(context, options, PlayerTimesTable::website);
+}
+
 std::string player_times_legend(const DocumentContext& context)
 {
     return context.court + "=" + context.c + "(1st)," + context.match + "=" + context.m + "(2nd),fa=first available "
@@ -151,6 +156,11 @@ Document VIP_text_player_times(const DocumentContext& context, PlayerTimesTable 
 Document VIP_text_player_times_idocs(const DocumentContext& context)
 {
     return VIP_text_player_times(context, PlayerTimesTable::idocs);
+}
+
+Document VIP_text_player_times_website(const DocumentContext& context)
+{
+    return VIP_text_player_times(context, PlayerTimesTable::website);
 }
 
 Document VIP_text_player_times_idocs_pn(const DocumentContext& context, std::string_view player)

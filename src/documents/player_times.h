@@ -23,6 +23,7 @@ std::string player_times_location(const Statement& row, const DocumentContext& c
 void VIP_compile_player_times(
     const DocumentContext& context, const PlayerTimesOptions& options, PlayerTimesTable table);
 void VIP_compile_player_times_idocs(const DocumentContext& context, const PlayerTimesOptions& options);
+void VIP_compile_player_times_website(const DocumentContext& context, const PlayerTimesOptions& options);
 
 // The legend of the player times, in the sports words.
 std::string player_times_legend(const DocumentContext& context);
@@ -30,6 +31,7 @@ std::string player_times_legend(const DocumentContext& context);
 // VIP_text_player_times_idocs and VIP_text_player_times_website: the compiled rows, player by player.
 Document VIP_text_player_times(const DocumentContext& context, PlayerTimesTable table);
 Document VIP_text_player_times_idocs(const DocumentContext& context);
+Document VIP_text_player_times_website(const DocumentContext& context);
 // VIP_text_player_times_idocs_pn: one player's compiled rows, headed "times for " and the name.
 Document VIP_text_player_times_idocs_pn(const DocumentContext& context, std::string_view player);
 

@@ -85,6 +85,15 @@ std::string get_line(
     return line + bracket(row.text("mg_matchnote"));
 }
 
+std::optional<std::string> idocs_working_schedule_update_line(
+    const DocumentContext& context, ScheduleBy by, const ScheduleOptions& options, std::int64_t sid)
+{
+    auto row = context.tournament.query("select * from schedule where sid=?", sid);
+    if (!row.step())
+        return std::nullopt;
+    return get_line(row, by, options, context);
+}
+
 Document FORMAT_schedule_by(
     const DocumentContext& context, ScheduleBy by, std::string_view sdate, const ScheduleOptions& options)
 {

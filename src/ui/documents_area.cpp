@@ -3,6 +3,7 @@
 #include "core/session.h"
 #include "core/sports_vocabulary.h"
 #include "documents/printroutines.h"
+#include "documents/working_schedule.h"
 #include "scheduling/board_find.h"
 #include "ui/add_result_window.h"
 #include "ui/id_lists.h"
@@ -26,6 +27,18 @@
 #include <QVBoxLayout>
 
 namespace qv {
+
+namespace {
+
+std::string join_lines(const std::vector<std::string>& lines)
+{
+    std::string text;
+    for (const auto& line : lines)
+        text += line + "\n";
+    return text;
+}
+
+} // namespace
 
 DocumentsArea::DocumentsArea(Session& session, MainWindow& main, QWidget* parent)
     : AreaPage(parent)
@@ -151,6 +164,26 @@ void DocumentsArea::refresh_lists(Lists which)
 {
     if (which == Lists::schedule || which == Lists::draw || which == Lists::events)
         load_lists();
+    if ((which == Lists::schedule || which == Lists::draw) && m_page == DocumentPage::schedule)
+        update_schedule_lines();
+}
+
+void DocumentsArea::update_schedule_lines()
+{
+    if (!m_session.has_tournament())
+        return;
+    const auto context = document_context(m_session);
+    for (std::size_t i = 0; i < m_document.lines.size(); ++i) {
+        auto& line = m_document.lines[i];
+        if (line.sid == 0)
+            continue;
+        const auto text = idocs_working_schedule_update_line(context, m_schedule_run, m_schedule_options, line.sid);
+        if (!text || *text == line.text)
+            continue;
+        line.text = *text;
+        m_list->item(static_cast<int>(i))->setText(qs(line.text));
+    }
+    m_text->setPlainText(qs(join_lines(m_document.texts())));
 }
 
 void DocumentsArea::refresh()
@@ -179,12 +212,9 @@ void DocumentsArea::show_document(Document document, DocumentPage page)
     m_document = std::move(document);
     m_page = page;
     m_list->clear();
-    QStringList texts;
-    for (const auto& line : m_document.lines) {
+    for (const auto& line : m_document.lines)
         add_id_line(m_list, line.text, line.sid);
-        texts << qs(line.text);
-    }
-    m_text->setPlainText(texts.join(QStringLiteral("\r\n")));
+    m_text->setPlainText(qs(join_lines(m_document.texts())));
 }
 
 bool DocumentsArea::save_as()

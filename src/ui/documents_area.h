@@ -1,6 +1,7 @@
 #pragma once
 
 #include "documents/document_lines.h"
+#include "documents/document_options.h"
 #include "documents/document_save.h"
 #include "ui/area_page.h"
 
@@ -54,6 +55,7 @@ public:
     QComboBox* xtime() const { return m_xtime; }
     QLineEdit* copies() const { return m_copies; }
     QLineEdit* search_box() const { return m_search; }
+    QLineEdit* player_box() const { return m_player_box; }
     // The tick of a setting, by its key.
     QCheckBox* tick(const std::string& key) const;
     const Document& document() const { return m_document; }
@@ -65,6 +67,8 @@ public slots:
     void refresh_results();
     void refresh_player_times();
     void show_player_times(const QString& player);
+    // The player search box: the live and unfinished matches of the name typed, on any day.
+    void search_player();
     void refresh_players();
     void refresh_alias();
     void refresh_country_codes();
@@ -102,6 +106,8 @@ private:
     void load_lists();
     void load_ticks();
     void show_document(Document document, DocumentPage page);
+    // After a change elsewhere: each match line of the schedule shown is read again, as the run made it.
+    void update_schedule_lines();
     // The days chosen on a page; "select day" when there is none.
     std::optional<std::vector<std::string>> chosen_days(Tab tab);
     std::vector<std::int64_t> chosen_events(QListWidget* list) const;
@@ -115,6 +121,8 @@ private:
     bool m_loading = false;
     Document m_document;
     DocumentPage m_page = DocumentPage::schedule;
+    ScheduleBy m_schedule_run = ScheduleBy::court;
+    ScheduleOptions m_schedule_options;
     QTabWidget* m_tabs;
     QStackedWidget* m_output_stack = nullptr;
     QListWidget* m_list = nullptr;
@@ -127,6 +135,7 @@ private:
     QComboBox* m_results_style = nullptr;
     QComboBox* m_xtime = nullptr;
     QListWidget* m_players = nullptr;
+    QLineEdit* m_player_box = nullptr;
     QListWidget* m_alias_events = nullptr;
     QListWidget* m_draw_events = nullptr;
     QCheckBox* m_pointers = nullptr;

@@ -183,6 +183,11 @@ QWidget* DocumentsArea::build_player_times()
     add_button(column, QStringLiteral("refresh"), [](DocumentsArea* a) {
         a->refresh_player_times();
     })->setObjectName(QStringLiteral("refresh player times"));
+    m_player_box = new QLineEdit(page);
+    m_player_box->setObjectName(QStringLiteral("player search"));
+    m_player_box->setPlaceholderText(QStringLiteral("player search"));
+    column->addWidget(m_player_box);
+    connect(m_player_box, &QLineEdit::returnPressed, this, &DocumentsArea::search_player);
     column->addWidget(new QLabel(QStringLiteral("players"), page));
     m_players = new QListWidget(page);
     m_players->setObjectName(QStringLiteral("players"));
@@ -323,11 +328,11 @@ void DocumentsArea::refresh_schedule()
         return;
     m_session.busy(true);
     const auto context = document_context(m_session);
-    const auto by = static_cast<ScheduleBy>(m_schedule_by->currentIndex());
-    const auto options = idocs_schedule_options(m_session.settings());
+    m_schedule_run = static_cast<ScheduleBy>(m_schedule_by->currentIndex());
+    m_schedule_options = idocs_schedule_options(m_session.settings());
     Document document;
     for (const auto& day : *chosen)
-        document.append(FORMAT_schedule_by(context, by, day.substr(0, 10), options));
+        document.append(FORMAT_schedule_by(context, m_schedule_run, day.substr(0, 10), m_schedule_options));
     show_document(std::move(document), DocumentPage::schedule);
     m_session.busy(false);
 }
@@ -372,6 +377,14 @@ void DocumentsArea::show_player_times(const QString& player)
         return;
     show_document(
         VIP_text_player_times_idocs_pn(document_context(m_session), to_std(player)), DocumentPage::player_times);
+}
+
+void DocumentsArea::search_player()
+{
+    const auto name = to_std(m_player_box->text().trimmed());
+    if (!m_session.has_tournament() || name.empty())
+        return;
+    show_document(player_search_times(document_context(m_session), name), DocumentPage::player_times);
 }
 
 void DocumentsArea::refresh_players()

@@ -112,6 +112,21 @@ TEST_F(DocumentsEdges, PlayerTimesRowsByPersonAndMatch)
     EXPECT_EQ(db().scalar_integer("select count(*) from player_times_idocs"), 6); // fa and tbc: 2 + 4 people
 }
 
+// The player search reads no days: the live and unfinished matches of the person wherever they are placed, but
+// not those waiting unplaced or on the clipboard; the website's table is filled alike.
+TEST_F(DocumentsEdges, PlayerSearchAndTheWebsitesPlayerTimes)
+{
+    const auto jon = player_search_times(context(), "Jon Judd");
+    ASSERT_EQ(jon.lines.size(), 7u);
+    EXPECT_EQ(jon.lines[4].text, "Jon Judd mens singles at 10:00 r1 tue03mar26");
+    EXPECT_EQ(player_search_times(context(), "adam ash").lines.size(), 6u); // his matches are played
+    VIP_setlivedays_playertimes(db(), { day1 });
+    VIP_compile_player_times_website(context(), {});
+    EXPECT_EQ(db().row_count("player_times_idocs"), 0);
+    EXPECT_EQ(db().row_count("player_times_website"), 4); // eli east, hal hart; ann ames, bea best first available
+    EXPECT_EQ(VIP_text_player_times_website(context()).lines.size(), 16u); // 4 rows of 4 players in 9 lines more
+}
+
 TEST_F(DocumentsEdges, TheEmptyStateIsHiddenByDefault)
 {
     const auto by_time

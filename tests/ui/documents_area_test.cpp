@@ -85,7 +85,16 @@ TEST_F(DocumentsAreaTest, TheScheduleFillsTheListAndTheTextWithTheSameLines)
     const auto lines = test::lines_of(area().output_list());
     ASSERT_GE(lines.size(), 4);
     EXPECT_EQ(lines[1], QStringLiteral("schedule (by time) for tue03mar26"));
-    EXPECT_EQ(area().output_text()->toPlainText(), lines.join(QStringLiteral("\n")));
+    EXPECT_EQ(area().output_text()->toPlainText(), lines.join(QStringLiteral("\n")) + QStringLiteral("\n"));
+
+    // A result entered elsewhere rewrites the match's line in place.
+    const auto row = lines.indexOf(QStringLiteral("match 1 (court 2) otto orr vs piet pike(2)   mens singles r1 "));
+    ASSERT_GE(row, 0);
+    const auto sid = area().output_list()->item(row)->data(Qt::UserRole).toLongLong();
+    window.session().tournament().run("update schedule set matchscore='6-1' where sid=?", sid);
+    window.session().refresh_lists(Lists::schedule);
+    EXPECT_EQ(area().output_list()->item(row)->text(),
+        QStringLiteral("match 1 (court 2) otto orr vs piet pike(2)  6-1 mens singles r1 "));
     QApplication::processEvents();
     window.grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/documents_schedule.png"));
 }
@@ -141,7 +150,12 @@ TEST_F(DocumentsAreaTest, PlayerTimesListThePlayersAndAClickShowsOneAlone)
     test::select_line(area().players(), QStringLiteral("eli east"));
     emit area().players()->itemClicked(area().players()->currentItem());
     EXPECT_EQ(area().document().lines[1].text, "times for eli east");
+    QApplication::processEvents();
+    window.grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/documents_player_times.png"));
     EXPECT_EQ(area().output_list()->count(), 8); // two rows of eli east
+    area().player_box()->setText(QStringLiteral("jon judd"));
+    press_enter(area().player_box());
+    EXPECT_EQ(area().document().lines[4].text, "jon judd mens singles at 10:00 r1 tue03mar26");
 }
 
 // "save as.." offers the page's file name and writes Windows-1252; a line without a match has none to show.
