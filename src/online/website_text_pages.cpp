@@ -66,8 +66,8 @@ NamedPage player_times_page(const DocumentContext& context, const WebsitePlayerT
     VIP_setlivedays_playertimes(context.tournament, options.days);
     PlayerTimesOptions document_options;
     document_options.match_context = options.match_context;
-    VIP_compile_player_times(context, document_options, PlayerTimesTable::website);
-    return wrapped("file_playertimes.htm", "player times", VIP_text_player_times(context, PlayerTimesTable::website));
+    VIP_compile_player_times_website(context, document_options);
+    return wrapped("file_playertimes.htm", "player times", VIP_text_player_times_website(context));
 }
 
 std::vector<NamedPage> results_pages(const DocumentContext& context, const WebsiteResultsOptions& options)
