@@ -179,6 +179,9 @@ TEST_F(WebsiteMakeTest, Qv4StyleIndexHoldsTwoLinks)
     EXPECT_EQ(anchors, expected);
     const auto lines = index_lines();
     EXPECT_NE(std::find(lines.begin(), lines.end(), "Harbour Open"), lines.end());
+    // The plain index as a whole: the heading and its second paragraph in place of the frame's empty line.
+    EXPECT_EQ(read_bytes(site() / "index.htm"),
+        read_bytes(fs::path(QV_TEST_DATA_DIR) / "expected" / "website_plain" / "index.htm"));
 }
 
 // Every href and src of every page points at a file of the site or at a public page of the service; the one
