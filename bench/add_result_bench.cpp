@@ -24,8 +24,8 @@ void draw_event(qv::Session& session, DrawAreaSteps& area, qv::DrawRandom& rando
 void BM_AddResults128(benchmark::State& state)
 {
     DrawsTournament tournament;
-    SilentTalk talk;
-    SilentHost host;
+    qv::QuietTalk talk;
+    qv::QuietHost host;
     qv::Session session(tournament.app, talk, host);
     session.boot_start_app(tournament.fresh().string());
     DrawAreaSteps area(session);

@@ -1,6 +1,7 @@
 // Adding a whole register to one event in one batch: 2,000 people, each looked up, checked against the event and
 // the entries already there, and written.
 #include "core/database.h"
+#include "core/quiet_talk.h"
 #include "core/session.h"
 #include "entries/add_to_event.h"
 
@@ -13,33 +14,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int people = 2000;
-
-class QuietTalk : public qv::UserTalk
-{
-public:
-    void message(std::string_view, std::string_view) override { }
-    qv::Answer ask(std::string_view, std::string_view, qv::Buttons) override { return qv::Answer::No; }
-    std::vector<fs::path> choose_files(const qv::FileRequest&) override { return {}; }
-    void show_text(const fs::path&, std::string_view) override { }
-    void progress(std::string_view) override { }
-    void beep() override { }
-};
-
-class QuietHost : public qv::SessionHost
-{
-public:
-    void load_all_forms() override { }
-    void unload_all_forms() override { }
-    bool leave_draw() override { return true; }
-    void cancel_list1() override { }
-    void refresh_draw_on_entry() override { }
-    void refresh_lists(qv::Lists) override { }
-    void show_area(qv::Area, const qv::Markers&) override { }
-    void set_generics(const std::string&, const std::string&) override { }
-    void busy(bool) override { }
-    void defer(std::function<void()>) override { }
-    void end_process() override { }
-};
 
 struct Register
 {
@@ -74,8 +48,8 @@ struct Register
 void BM_AddRegisterToEvent(benchmark::State& state)
 {
     Register reg;
-    QuietTalk talk;
-    QuietHost host;
+    qv::QuietTalk talk;
+    qv::QuietHost host;
     qv::Session session(reg.app, talk, host);
     session.boot_start_app(reg.file.string());
 

@@ -13,8 +13,8 @@ using namespace qv::bench;
 void BM_DoAllDraws(benchmark::State& state)
 {
     DrawsTournament tournament;
-    SilentTalk talk;
-    SilentHost host;
+    qv::QuietTalk talk;
+    qv::QuietHost host;
     double total_ms = 0;
     std::int64_t draws = 0;
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/database.h"
+#include "core/quiet_talk.h"
 #include "core/session.h"
 #include "drawengine/draw_saving.h"
 #include "drawengine/ko_generation.h"
@@ -17,33 +18,6 @@ namespace fs = std::filesystem;
 inline constexpr int events = 64;
 inline constexpr int entries_per_event = 128;
 inline constexpr int seeds_per_event = 8;
-
-class SilentTalk : public qv::UserTalk
-{
-public:
-    void message(std::string_view, std::string_view) override { }
-    qv::Answer ask(std::string_view, std::string_view, qv::Buttons) override { return qv::Answer::No; }
-    std::vector<fs::path> choose_files(const qv::FileRequest&) override { return {}; }
-    void show_text(const fs::path&, std::string_view) override { }
-    void progress(std::string_view) override { }
-    void beep() override { }
-};
-
-class SilentHost : public qv::SessionHost
-{
-public:
-    void load_all_forms() override { }
-    void unload_all_forms() override { }
-    bool leave_draw() override { return true; }
-    void cancel_list1() override { }
-    void refresh_draw_on_entry() override { }
-    void refresh_lists(qv::Lists) override { }
-    void show_area(qv::Area, const qv::Markers&) override { }
-    void set_generics(const std::string&, const std::string&) override { }
-    void busy(bool) override { }
-    void defer(std::function<void()>) override { }
-    void end_process() override { }
-};
 
 // 2,048 people in the register, each entered in four events. A fair share of the names are long enough that
 // the short forms have to be searched for, and many share a surname.

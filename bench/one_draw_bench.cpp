@@ -12,8 +12,8 @@ using namespace qv::bench;
 void BM_OneDraw128(benchmark::State& state)
 {
     DrawsTournament tournament;
-    SilentTalk talk;
-    SilentHost host;
+    qv::QuietTalk talk;
+    qv::QuietHost host;
     qv::Session session(tournament.app, talk, host);
     session.boot_start_app(tournament.fresh().string());
     DrawAreaSteps area(session);

@@ -2,6 +2,7 @@
 // (2,000 players, 5,000 match rows) and compaction on its own.
 #include "core/compaction.h"
 #include "core/database.h"
+#include "core/quiet_talk.h"
 #include "core/session.h"
 #include "core/tournament_file.h"
 
@@ -12,33 +13,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-class NullTalk : public qv::UserTalk
-{
-public:
-    void message(std::string_view, std::string_view) override { }
-    qv::Answer ask(std::string_view, std::string_view, qv::Buttons) override { return qv::Answer::Yes; }
-    std::vector<fs::path> choose_files(const qv::FileRequest&) override { return {}; }
-    void show_text(const fs::path&, std::string_view) override { }
-    void progress(std::string_view) override { }
-    void beep() override { }
-};
-
-class NullHost : public qv::SessionHost
-{
-public:
-    void load_all_forms() override { }
-    void unload_all_forms() override { }
-    bool leave_draw() override { return true; }
-    void cancel_list1() override { }
-    void refresh_draw_on_entry() override { }
-    void refresh_lists(qv::Lists) override { }
-    void show_area(qv::Area, const qv::Markers&) override { }
-    void set_generics(const std::string&, const std::string&) override { }
-    void busy(bool) override { }
-    void defer(std::function<void()>) override { }
-    void end_process() override { }
-};
 
 struct BusyTournament
 {
@@ -84,8 +58,8 @@ struct BusyTournament
 void BM_OpenTournament(benchmark::State& state)
 {
     BusyTournament busy;
-    NullTalk talk;
-    NullHost host;
+    qv::QuietTalk talk { qv::Answer::Yes };
+    qv::QuietHost host;
     qv::Session session(busy.app, talk, host);
     session.boot_start_app("");
     for (auto _ : state) {

@@ -1,6 +1,7 @@
 // The schedule board on a busy tournament: 5,000 matches over 4 days of 20 courts, half of them placed. Each
 // figure is one interactive step of a director at the board.
 #include "core/database.h"
+#include "core/quiet_talk.h"
 #include "core/session.h"
 #include "scheduling/board_moves.h"
 #include "scheduling/day_keys.h"
@@ -22,33 +23,6 @@ constexpr int matches_per_event = 125;
 constexpr int days = 4;
 constexpr int courts = 20;
 constexpr int moved = 200;
-
-class SilentTalk : public qv::UserTalk
-{
-public:
-    void message(std::string_view, std::string_view) override { }
-    qv::Answer ask(std::string_view, std::string_view, qv::Buttons) override { return qv::Answer::No; }
-    std::vector<fs::path> choose_files(const qv::FileRequest&) override { return {}; }
-    void show_text(const fs::path&, std::string_view) override { }
-    void progress(std::string_view) override { }
-    void beep() override { }
-};
-
-class SilentHost : public qv::SessionHost
-{
-public:
-    void load_all_forms() override { }
-    void unload_all_forms() override { }
-    bool leave_draw() override { return true; }
-    void cancel_list1() override { }
-    void refresh_draw_on_entry() override { }
-    void refresh_lists(qv::Lists) override { }
-    void show_area(qv::Area, const qv::Markers&) override { }
-    void set_generics(const std::string&, const std::string&) override { }
-    void busy(bool) override { }
-    void defer(std::function<void()>) override { }
-    void end_process() override { }
-};
 
 std::string day_key(int day)
 {
@@ -131,8 +105,8 @@ private:
     }
 
     fs::path m_app;
-    SilentTalk m_talk;
-    SilentHost m_host;
+    qv::QuietTalk m_talk;
+    qv::QuietHost m_host;
 };
 
 BusyTournament& tournament()

@@ -7,6 +7,7 @@
 // Not part of the test run: it takes a few minutes. Exit status 1 when any file was torn or damaged.
 #include "core/compaction.h"
 #include "core/database.h"
+#include "core/quiet_talk.h"
 #include "core/session.h"
 #include "core/tournament_file.h"
 #include "drawengine/draw_saving.h"
@@ -27,34 +28,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
-
-class QuietTalk : public qv::UserTalk
-{
-public:
-    std::string last;
-    void message(std::string_view text, std::string_view) override { last = text; }
-    qv::Answer ask(std::string_view, std::string_view, qv::Buttons) override { return qv::Answer::No; }
-    std::vector<fs::path> choose_files(const qv::FileRequest&) override { return {}; }
-    void show_text(const fs::path&, std::string_view) override { }
-    void progress(std::string_view) override { }
-    void beep() override { }
-};
-
-class QuietHost : public qv::SessionHost
-{
-public:
-    void load_all_forms() override { }
-    void unload_all_forms() override { }
-    bool leave_draw() override { return true; }
-    void cancel_list1() override { }
-    void refresh_draw_on_entry() override { }
-    void refresh_lists(qv::Lists) override { }
-    void show_area(qv::Area, const qv::Markers&) override { }
-    void set_generics(const std::string&, const std::string&) override { }
-    void busy(bool) override { }
-    void defer(std::function<void()>) override { }
-    void end_process() override { }
-};
 
 constexpr int events = 24;
 constexpr int entries_per_event = 64;
@@ -113,8 +86,8 @@ void fill(const fs::path& file, int slack_rows)
 
 void run_all_draws(const fs::path& app, const fs::path& file, int ready_fd)
 {
-    QuietTalk talk;
-    QuietHost host;
+    qv::QuietTalk talk;
+    qv::QuietHost host;
     qv::Session session(app, talk, host);
     session.boot_start_app(file.string());
     if (!session.has_tournament())
@@ -233,13 +206,13 @@ void judge(const fs::path& app, const fs::path& file, const Counts& before, cons
         ++tally.damaged;
         return;
     }
-    QuietTalk talk;
-    QuietHost host;
+    qv::QuietTalk talk;
+    qv::QuietHost host;
     qv::Session session(app, talk, host);
     session.boot_start_app(file.string());
     if (!session.has_tournament()) {
         ++tally.not_opened;
-        std::printf("  not opened: %s\n", talk.last.c_str());
+        std::printf("  not opened: %s\n", talk.last_message.c_str());
     }
     session.exit_app();
     tally.temps_after_open += static_cast<int>(temp_files(file.parent_path()).size());

@@ -1,5 +1,6 @@
 // Writes the sample tournament of the export tests and its TODS export, for the check under tools/tods_check:
 //   quorvelin_tods_sample <folder>   ->  <folder>/sample.qvd and <folder>/sample_tods.json
+#include "core/quiet_talk.h"
 #include "core/session.h"
 #include "core/session_host.h"
 #include "core/user_talk.h"
@@ -32,22 +33,6 @@ public:
     void beep() override { }
 };
 
-class QuietHost : public qv::SessionHost
-{
-public:
-    void load_all_forms() override { }
-    void unload_all_forms() override { }
-    bool leave_draw() override { return true; }
-    void cancel_list1() override { }
-    void refresh_draw_on_entry() override { }
-    void refresh_lists(qv::Lists) override { }
-    void show_area(qv::Area, const qv::Markers&) override { }
-    void set_generics(const std::string&, const std::string&) override { }
-    void busy(bool) override { }
-    void defer(std::function<void()>) override { }
-    void end_process() override { }
-};
-
 } // namespace
 
 int main(int argc, char* argv[])
@@ -65,7 +50,7 @@ int main(int argc, char* argv[])
     fs::copy_file(app / "init_files" / "blank.qvd", file, fs::copy_options::overwrite_existing);
 
     QuietTalk talk;
-    QuietHost host;
+    qv::QuietHost host;
     qv::Session session(app, talk, host);
     session.boot_start_app(file.string());
     if (!session.has_tournament()) {

@@ -47,10 +47,15 @@ std::map<std::string, std::string> event_header_overrides(Database& tournament, 
     return labels;
 }
 
-std::string picture_site_line(Session& session)
+std::string home_page_address(Session& session)
 {
     const auto& page = session.settings().text("homepage_url");
-    return "quorvelin " + (page.empty() || page == "0" ? std::string(built_in_homepage) : page);
+    return page.empty() || page == "0" ? std::string(built_in_homepage) : page;
+}
+
+std::string picture_site_line(Session& session)
+{
+    return "quorvelin " + home_page_address(session);
 }
 
 } // namespace qv

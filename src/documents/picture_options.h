@@ -34,5 +34,7 @@ std::map<std::string, std::string> event_header_overrides(Database& tournament, 
 
 // "quorvelin " and the home page: the product's address is configuration (homepage_url), with a built-in page.
 std::string picture_site_line(Session& session);
+// The product's home page alone.
+std::string home_page_address(Session& session);
 
 } // namespace qv

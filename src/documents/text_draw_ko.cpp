@@ -4,6 +4,7 @@
 #include "core/file_save.h"
 #include "core/text_rules.h"
 #include "core/utf8.h"
+#include "documents/match_text.h"
 #include "drawengine/open_draw.h"
 
 namespace qv {
@@ -41,18 +42,7 @@ std::string score_of(const Statement& row)
 std::string text_draw_side(
     std::string_view seeding, std::string_view name, std::string_view country, TextDrawCountries countries)
 {
-    std::string side = bracket(seeding);
-    if (countries == TextDrawCountries::off)
-        return side + std::string(name);
-    const auto slash = name.find('/');
-    if (slash == std::string_view::npos)
-        return side + std::string(name) + bracket(country);
-    const auto code_slash = country.find('/');
-    const auto first_code = country.substr(0, code_slash);
-    const auto second_code
-        = code_slash == std::string_view::npos ? std::string_view {} : country.substr(code_slash + 1);
-    return side + std::string(name.substr(0, slash)) + bracket(first_code) + "/" + std::string(name.substr(slash + 1))
-        + bracket(second_code);
+    return bracket(seeding) + (countries == TextDrawCountries::on ? brackets_k(name, country) : std::string(name));
 }
 
 int next_match_number(int drawsize, std::string_view mw_ptr)

@@ -66,8 +66,13 @@ void set_court_name(Session& session, std::string_view sdate, std::int64_t cid, 
 
 CourtDetails loadcourtstarttime(Session& session, std::string_view sdate, std::int64_t cid)
 {
-    auto row = session.tournament().query(
-        "select starttime, courtname from scheduledays_courts where sdate=? and cid=?", sdate, cid);
+    return loadcourtstarttime(session.tournament(), sdate, cid);
+}
+
+CourtDetails loadcourtstarttime(Database& tournament, std::string_view sdate, std::int64_t cid)
+{
+    auto row
+        = tournament.query("select starttime, courtname from scheduledays_courts where sdate=? and cid=?", sdate, cid);
     if (!row.step())
         return {};
     return { row.text(0), row.text(1) };

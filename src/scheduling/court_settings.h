@@ -9,6 +9,7 @@
 
 namespace qv {
 
+class Database;
 class Session;
 
 // The rows a court's start time goes to, in the order the scope chooser offers them.
@@ -37,5 +38,6 @@ struct CourtDetails
     std::string courtname;
 };
 CourtDetails loadcourtstarttime(Session& session, std::string_view sdate, std::int64_t cid);
+CourtDetails loadcourtstarttime(Database& tournament, std::string_view sdate, std::int64_t cid);
 
 } // namespace qv

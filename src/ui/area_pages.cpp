@@ -1,5 +1,6 @@
 #include "ui/area_page.h"
 #include "ui/assistant_area.h"
+#include "ui/documents_area.h"
 #include "ui/online_area.h"
 #include "ui/payments_area.h"
 #include "ui/prints_area.h"
@@ -19,9 +20,10 @@ AreaPage* make_area_page(Area area, Session& session, MainWindow& main, QWidget*
         return new ScheduleBoardArea(session, main, parent);
     case Area::assistant_new:
         return new AssistantArea(session, main, parent);
+    case Area::idocuments:
+        return new DocumentsArea(session, main, parent);
     case Area::config_admin:
         return new OnlineArea(session, parent);
-    case Area::idocuments:
     case Area::mainform:
     case Area::draw:
         break;

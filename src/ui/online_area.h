@@ -6,6 +6,9 @@ class QTabWidget;
 
 namespace qv {
 
+class RemoteWebsitePanel;
+class WebsiteTab;
+
 // The online area, config_admin: the website of the tournament and its publishing, and the events and entries
 // exchanged with the online service, each on tabs of their own.
 class OnlineArea : public AreaPage
@@ -20,14 +23,19 @@ public:
     void refresh_lists(Lists which) override;
 
     QTabWidget* tabs() const { return m_tabs; }
+    WebsiteTab* website() const { return m_website; }
+    RemoteWebsitePanel* remote_files() const { return m_remote; }
 
 private:
     // Each tab is an area page of its own; the area passes init, clear and refreshes on to all of them.
     void add_tab(AreaPage* page, const QString& caption);
+    void connect_publishing();
 
     Session& m_session;
     QTabWidget* m_tabs;
     std::vector<AreaPage*> m_pages;
+    WebsiteTab* m_website = nullptr;
+    RemoteWebsitePanel* m_remote = nullptr;
 };
 
 } // namespace qv
