@@ -7,6 +7,7 @@
 #include "online/remote_website.h"
 #include "online/request_url.h"
 #include "ui/qt_text.h"
+#include "ui/qv4_multiple_window.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -160,8 +161,12 @@ void RemoteWebsitePanel::view_remote_website()
 
 void RemoteWebsitePanel::copy_qv4_to_archive()
 {
-    if (qv::copy_qv4_to_archive(m_session))
-        emit archive_changed();
+    if (!qv::copy_qv4_to_archive(m_session))
+        return;
+    // An open window of the archive shows the new file at once.
+    for (auto* open : window()->findChildren<Qv4MultipleWindow*>())
+        open->refresh_archive();
+    emit archive_changed();
 }
 
 } // namespace qv

@@ -4,6 +4,7 @@
 #include "online/format_bytes.h"
 #include "online/ftp_files.h"
 #include "online/remote_website.h"
+#include "plain_http_server.h"
 
 namespace qv {
 namespace {
@@ -87,6 +88,29 @@ TEST_F(FtpPublishingTest, TheAllocationHoldsASiteOfItsSizeAndRefusesALargerOne)
                 "website size =" + format_bytes(size) + ",your allocation =" + format_bytes(c.allocation)
                     + ",cannot upload");
         }
+    }
+}
+
+// An allocation that is not all digits counts as nothing: any site is then too large, and no host is asked.
+TEST_F(FtpPublishingTest, AnAllocationWithANonDigitRefusesAnySite)
+{
+    make_site(site);
+    const auto size = get_dir_size(session.dirs().website);
+    for (const std::string& allocation :
+        std::vector<std::string> { std::to_string(size * 2) + "a", " " + std::to_string(size * 2), "" }) {
+        SCOPED_TRACE(allocation);
+        const std::string body
+            = "73215qpx48102^no_error^" + ftp->server() + "^u1^p1^http://127.0.0.1:8021/^" + allocation + "^";
+        test::PlainHttpServer host("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size())
+            + "\r\nConnection: close\r\n\r\n" + body);
+        set_default_account(host.server(), "club7", "pw");
+        talk.clear();
+        EXPECT_FALSE(upload_website(session, view()));
+        EXPECT_EQ(talk.messages(),
+            std::vector<std::string> {
+                "website size =" + format_bytes(size) + ",your allocation =0 Bytes,cannot upload" });
+        EXPECT_TRUE(test::tree_of(remote).empty()) << "nothing touched";
+        EXPECT_TRUE(tabs.empty());
     }
 }
 

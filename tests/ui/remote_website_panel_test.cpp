@@ -2,6 +2,7 @@
 #include "core/database.h"
 #include "core/session.h"
 #include "online/remote_website.h"
+#include "ui/qv4_multiple_window.h"
 #include "ui/remote_website_panel.h"
 
 #include <QLabel>
@@ -82,6 +83,21 @@ TEST_F(RemoteWebsitePanelTest, TheButtonsAndSlotsPublishThroughTheHost)
     panel->copy_qv4_to_archive();
     EXPECT_TRUE(archived);
     EXPECT_TRUE(std::filesystem::exists(session.dirs().qv4_file_archive / "spring.qv4"));
+}
+
+// An open window of the results archive lists the copied file at once; a refused copy leaves it as it was.
+TEST_F(RemoteWebsitePanelTest, ACopiedResultsFileShowsInTheOpenArchiveWindow)
+{
+    auto* archive_window = new Qv4MultipleWindow(session, panel.get());
+    make_site({ { "index.htm", "<html></html>" } });
+    panel->copy_qv4_to_archive();
+    EXPECT_EQ(talk.last_message(), "no qv4 file");
+    EXPECT_TRUE(items(archive_window->archive()).empty());
+
+    make_site({ { "index.htm", "<html></html>" }, { "spring.qv4", "results" } });
+    panel->copy_qv4_to_archive();
+    EXPECT_EQ(talk.last_message(), "ok");
+    EXPECT_EQ(items(archive_window->archive()), std::vector<std::string> { "spring.qv4" });
 }
 
 } // namespace
