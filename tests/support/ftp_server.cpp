@@ -36,35 +36,12 @@ FtpServerProcess::FtpServerProcess(const std::filesystem::path& root, const std:
     std::vector<std::string> args { "/usr/bin/python3", QV_FTP_SERVER_SCRIPT, root.string(), user, password };
     if (!tls_pem.empty())
         args.push_back(tls_pem.string());
-    std::vector<char*> argv;
-    for (auto& arg : args)
-        argv.push_back(arg.data());
-    argv.push_back(nullptr);
-
-    int out[2];
-    if (::pipe(out) != 0)
-        return;
-    m_pid = ::fork();
-    if (m_pid == 0) {
-        ::dup2(out[1], STDOUT_FILENO);
-        ::close(out[0]);
-        ::close(out[1]);
-        ::execv(argv[0], argv.data());
-        ::_exit(127);
-    }
-    ::close(out[1]);
-    if (m_pid > 0)
-        m_port = read_port(out[0]);
-    ::close(out[0]);
+    m_child = std::make_unique<ChildProcess>(std::move(args));
+    if (m_child->started())
+        m_port = read_port(m_child->output());
+    m_child->close_output();
 }
 
-FtpServerProcess::~FtpServerProcess()
-{
-    if (m_pid > 0) {
-        ::kill(m_pid, SIGTERM);
-        int status = 0;
-        ::waitpid(m_pid, &status, 0);
-    }
-}
+FtpServerProcess::~FtpServerProcess() = default;
 
 } // namespace qv::test

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "support/child_process.h"
+
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <sys/types.h>
 
@@ -24,7 +27,7 @@ public:
     std::string server() const { return "127.0.0.1:" + std::to_string(m_port); }
 
 private:
-    pid_t m_pid = -1;
+    std::unique_ptr<ChildProcess> m_child;
     int m_port = -1;
 };
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "support/child_process.h"
+
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -29,7 +32,7 @@ public:
     std::string last_logged() const;
 
 private:
-    pid_t m_pid = -1;
+    std::unique_ptr<ChildProcess> m_child;
     int m_port = -1;
     std::filesystem::path m_log;
 };
