@@ -51,7 +51,7 @@ ScheduleOptions idocs_schedule_options(Settings& settings)
 {
     return { { on(settings, "idocs.check4"), on(settings, "idocs.check3") },
         { on(settings, "idocs.check2"), on(settings, "idocs.check1") }, idocs_bottom_filter(settings),
-        on(settings, "idocs.check14") };
+        on(settings, "idocs.check14"), true };
 }
 
 ResultsOptions idocs_results_options(Settings& settings)

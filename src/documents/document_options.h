@@ -41,6 +41,9 @@ struct ScheduleOptions
     ScoreOptions scores;
     StateFilter states;
     bool match_id = false; // "[mid=" sid "] " in front of each line
+    // The state mark in front of each line: "-" live, "^" unfinished. The documents window marks its schedules;
+    // the website's schedule pages stay unmarked.
+    bool state_marks = false;
 };
 
 enum class ResultsStyle { by_event, by_schedule, by_day, by_round };

@@ -30,6 +30,15 @@ std::string state_word(const Statement& row)
     return row.text("match_state") == "2.1" ? " (to finish) " : "";
 }
 
+// "-" for a live match, "^" for an unfinished one, nothing for the others.
+std::string_view state_mark(const Statement& row)
+{
+    const auto state = row.text("match_state");
+    if (state == "2")
+        return "-";
+    return state == "2.1" ? "^" : "";
+}
+
 // The group a row belongs to, in the text of its heading line.
 std::string group_of(const Statement& row, ScheduleBy by, const DocumentContext& context, std::string_view sdate)
 {
@@ -85,13 +94,20 @@ std::string get_line(
     return line + bracket(row.text("mg_matchnote"));
 }
 
+std::string schedule_line(
+    const Statement& row, ScheduleBy by, const ScheduleOptions& options, const DocumentContext& context)
+{
+    const auto line = get_line(row, by, options, context);
+    return options.state_marks ? std::string(state_mark(row)) + line : line;
+}
+
 std::optional<std::string> idocs_working_schedule_update_line(
     const DocumentContext& context, ScheduleBy by, const ScheduleOptions& options, std::int64_t sid)
 {
     auto row = context.tournament.query("select * from schedule where sid=?", sid);
     if (!row.step())
         return std::nullopt;
-    return get_line(row, by, options, context);
+    return schedule_line(row, by, options, context);
 }
 
 Document FORMAT_schedule_by(
@@ -113,7 +129,7 @@ Document FORMAT_schedule_by(
             group = std::move(heading);
             ++courts;
         }
-        document.add(get_line(row, by, options, context), row.integer("sid"));
+        document.add(schedule_line(row, by, options, context), row.integer("sid"));
     }
     std::string total = "(total " + std::to_string(shown) + " " + context.match;
     if (by == ScheduleBy::court)

@@ -14,6 +14,10 @@ class Statement;
 std::string get_line(
     const Statement& row, ScheduleBy by, const ScheduleOptions& options, const DocumentContext& context);
 
+// A line of the working schedule as FORMAT_schedule_by writes it: the state mark when chosen, then get_line.
+std::string schedule_line(
+    const Statement& row, ScheduleBy by, const ScheduleOptions& options, const DocumentContext& context);
+
 // get_court_name_starttime: a court's heading of the schedule by court: the court word, "=", the short form,
 // then ",name=" and the court's name and ",start=" and its start time, each when set.
 std::string court_heading(Database& tournament, std::string_view sdate, std::int64_t cid, std::string_view court_word);

@@ -83,7 +83,8 @@ QWidget* DocumentsArea::build_output()
     m_output = new QComboBox(box);
     m_output->setObjectName(QStringLiteral("output"));
     m_output->addItems({ QStringLiteral("select.."), QStringLiteral("save as.."), QStringLiteral("print(l)"),
-        QStringLiteral("print(p)"), QStringLiteral("save as PDF(l)"), QStringLiteral("save as PDF(p)") });
+        QStringLiteral("print(p)"), QStringLiteral("save as PDF(l)"), QStringLiteral("save as PDF(p)"),
+        QStringLiteral("save all pages") });
     m_output->setToolTip(
         QStringLiteral("save to a text file, print landscape, print portrait, save the printed pages as a PDF file"));
     top->addWidget(m_output);
@@ -129,6 +130,8 @@ QWidget* DocumentsArea::build_output()
             print(index == 2 ? "l" : "p");
         else if (index == 4 || index == 5)
             save_as_pdf(index == 4 ? "l" : "p");
+        else if (index == 6)
+            save_all_pages();
     });
     connect(m_search, &QLineEdit::returnPressed, this, &DocumentsArea::search);
     return box;
@@ -148,6 +151,7 @@ void DocumentsArea::init()
     load_ticks();
     load_lists();
     m_document = {};
+    m_made.clear();
     m_list->clear();
     m_text->clear();
 }
@@ -155,6 +159,7 @@ void DocumentsArea::init()
 void DocumentsArea::clear()
 {
     m_document = {};
+    m_made.clear();
     m_list->clear();
     m_text->clear();
     for (auto& [tab, list] : m_day_lists)
@@ -187,6 +192,7 @@ void DocumentsArea::update_schedule_lines()
         line.text = *text;
         m_list->item(static_cast<int>(i))->setText(qs(line.text));
     }
+    m_made[DocumentPage::schedule] = m_document;
     m_text->setPlainText(qs(join_lines(m_document.texts())));
 }
 
@@ -215,6 +221,7 @@ void DocumentsArea::show_document(Document document, DocumentPage page)
 {
     m_document = std::move(document);
     m_page = page;
+    m_made[page] = m_document;
     m_list->clear();
     for (const auto& line : m_document.lines)
         add_id_line(m_list, line.text, line.sid);
@@ -226,6 +233,17 @@ bool DocumentsArea::save_as()
     if (!m_session.has_tournament())
         return false;
     const auto saved = save_document_as(m_session, m_page, m_document);
+    if (saved)
+        m_session.settings().set_disk_var("app.last_dir_opened", saved->parent_path().string());
+    return saved.has_value();
+}
+
+bool DocumentsArea::save_all_pages()
+{
+    if (!m_session.has_tournament())
+        return false;
+    const std::vector<PageDocument> pages(m_made.begin(), m_made.end());
+    const auto saved = save_all_pages_as(m_session, pages);
     if (saved)
         m_session.settings().set_disk_var("app.last_dir_opened", saved->parent_path().string());
     return saved.has_value();

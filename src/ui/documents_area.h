@@ -5,6 +5,7 @@
 #include "documents/document_save.h"
 #include "ui/area_page.h"
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -76,9 +77,11 @@ public slots:
     void standings();
     bool save_images();
     bool print_images();
-    // The output: "save as..", "print(l)", "print(p)", "save as PDF(l)", "save as PDF(p)", the text viewer, list
-    // or text.
+    // The output: "save as..", "print(l)", "print(p)", "save as PDF(l)", "save as PDF(p)", "save all pages", the
+    // text viewer, list or text.
     bool save_as();
+    // "save all pages": the last document of every page made since the tournament was opened, in one file.
+    bool save_all_pages();
     bool print(const std::string& orientation);
     bool save_as_pdf(const std::string& orientation);
     bool view();
@@ -122,6 +125,8 @@ private:
     MainWindow& m_main;
     bool m_loading = false;
     Document m_document;
+    // The last document each page made, for "save all pages".
+    std::map<DocumentPage, Document> m_made;
     DocumentPage m_page = DocumentPage::schedule;
     ScheduleBy m_schedule_run = ScheduleBy::court;
     ScheduleOptions m_schedule_options;

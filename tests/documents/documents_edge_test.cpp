@@ -8,6 +8,7 @@
 #include "support/file_bytes.h"
 
 #include <algorithm>
+#include <map>
 
 namespace qv {
 namespace {
@@ -150,6 +151,37 @@ TEST_F(DocumentsEdges, ClipboardsNeverShowAndLinesCarryTheirMatch)
     EXPECT_EQ(starting(by_court, "court=").front().sid, 0);
 }
 
+// The documents window marks a live line "-" and an unfinished one "^"; a line read again after a result is
+// marked the same way. The website's schedule (marks off) keeps the bare line.
+TEST_F(DocumentsEdges, ScheduleLinesCarryTheirStateMark)
+{
+    ScheduleOptions marked = idocs_schedule_options(session.settings());
+    marked.states = { true, true, true, true };
+    ASSERT_TRUE(marked.state_marks);
+    ScheduleOptions bare = marked;
+    bare.state_marks = false;
+    std::map<std::string, int> seen;
+    for (const auto* day : { day1, day2 }) {
+        const auto with_marks = FORMAT_schedule_by(context(), ScheduleBy::time, day, marked);
+        const auto without = FORMAT_schedule_by(context(), ScheduleBy::time, day, bare);
+        ASSERT_EQ(with_marks.lines.size(), without.lines.size());
+        for (std::size_t i = 0; i < with_marks.lines.size(); ++i) {
+            const auto& line = with_marks.lines[i];
+            if (line.sid == 0) {
+                EXPECT_EQ(line.text, without.lines[i].text);
+                continue;
+            }
+            const auto state = db().scalar_text("select match_state from schedule where sid=?", line.sid);
+            const std::string mark = state == "2" ? "-" : state == "2.1" ? "^" : "";
+            ++seen[state];
+            EXPECT_EQ(line.text, mark + without.lines[i].text) << state;
+            EXPECT_EQ(idocs_working_schedule_update_line(context(), ScheduleBy::time, marked, line.sid), line.text);
+        }
+    }
+    for (const auto* state : { "1", "2", "2.1", "3" })
+        EXPECT_GT(seen[state], 0) << state;
+}
+
 TEST_F(DocumentsEdges, LiveDaysTakeNoDayAsTheMatchesWithoutADay)
 {
     setlivedays_idocs(db(), { "no day ¿", std::string(day2) + " ?^¿" });
@@ -177,6 +209,29 @@ TEST_F(DocumentsEdges, SavingWritesWindows1252WithCrLfAndTheHeading)
     EXPECT_EQ(test::read_bytes(dir.path() / "chosen.txt"),
         "ren\xe9\r\n\xdf"
         "eta\r\n");
+}
+
+// All pages at once: each page's lines under its own "saveallpages." id, the file page after page; saving again
+// replaces what a page held rather than adding to it.
+TEST_F(DocumentsEdges, SavingAllPagesKeepsEachPageUnderItsOwnId)
+{
+    Document schedule;
+    schedule.add("court=1");
+    Document players;
+    players.add("ann ames f");
+    players.add("bea best f");
+    const std::vector<PageDocument> pages { { DocumentPage::schedule, schedule }, { DocumentPage::players, players } };
+    talk.files.push_back({ dir.path() / "all.txt" });
+    talk.files.push_back({ dir.path() / "again.txt" });
+    ASSERT_TRUE(save_all_pages_as(session, pages));
+    ASSERT_TRUE(save_all_pages_as(session, pages));
+    EXPECT_EQ(talk.said.front().text, "allpages.txt");
+    for (const auto* name : { "all.txt", "again.txt" })
+        EXPECT_EQ(test::read_bytes(dir.path() / name), "court=1\r\n\r\nann ames f\r\nbea best f\r\n") << name;
+    const std::pair<const char*, int> stored[] { { "saveallpages.Text1", 1 }, { "saveallpages.Text9", 2 },
+        { "savecurrentpage.Text1", 0 } };
+    for (const auto& [id, lines] : stored)
+        EXPECT_EQ(db().scalar_integer("select count(*) from text_box_file_text where id=?", id), lines) << id;
 }
 
 } // namespace

@@ -42,11 +42,11 @@ protected:
 
 TEST_F(DocumentsGolden, WorkingSchedules)
 {
-    ScheduleOptions all { { true, true }, { true, true }, { true, true, true, true }, false };
+    ScheduleOptions all { { true, true }, { true, true }, { true, true, true, true }, false, true };
     expect_golden("schedule_by_court_day1.txt", FORMAT_schedule_by(context(), ScheduleBy::court, day1, all));
-    ScheduleOptions defaults { { true, false }, { true, false }, {}, false };
+    ScheduleOptions defaults { { true, false }, { true, false }, {}, false, true };
     expect_golden("schedule_by_time_day2.txt", FORMAT_schedule_by(context(), ScheduleBy::time, day2, defaults));
-    ScheduleOptions with_ids { { false, false }, { false, true }, { false, true, true, true }, true };
+    ScheduleOptions with_ids { { false, false }, { false, true }, { false, true, true, true }, true, true };
     expect_golden("schedule_by_event_day2.txt", FORMAT_schedule_by(context(), ScheduleBy::event, day2, with_ids));
 }
 

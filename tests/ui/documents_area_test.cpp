@@ -88,13 +88,14 @@ TEST_F(DocumentsAreaTest, TheScheduleFillsTheListAndTheTextWithTheSameLines)
     EXPECT_EQ(area().output_text()->toPlainText(), lines.join(QStringLiteral("\n")) + QStringLiteral("\n"));
 
     // A result entered elsewhere rewrites the match's line in place.
-    const auto row = lines.indexOf(QStringLiteral("match 1 (court 2) otto orr vs piet pike(2)   mens singles r1 "));
+    // The live match carries its state mark "-".
+    const auto row = lines.indexOf(QStringLiteral("-match 1 (court 2) otto orr vs piet pike(2)   mens singles r1 "));
     ASSERT_GE(row, 0);
     const auto sid = area().output_list()->item(row)->data(Qt::UserRole).toLongLong();
     window.session().tournament().run("update schedule set matchscore='6-1' where sid=?", sid);
     window.session().refresh_lists(Lists::schedule);
     EXPECT_EQ(area().output_list()->item(row)->text(),
-        QStringLiteral("match 1 (court 2) otto orr vs piet pike(2)  6-1 mens singles r1 "));
+        QStringLiteral("-match 1 (court 2) otto orr vs piet pike(2)  6-1 mens singles r1 "));
     QApplication::processEvents();
     window.grab().save(QStringLiteral(QV_SCREENSHOT_DIR "/documents_schedule.png"));
 }
@@ -188,6 +189,20 @@ TEST_F(DocumentsAreaTest, SaveOffersThePagesFileAndWritesItsLines)
     window.session().tournament().run("delete from schedule where sid=?", sid);
     click(QStringLiteral("show in schedule"));
     EXPECT_EQ(talk.last_message(), "match not found,stale data");
+
+    // "save all pages": the results and the schedule made since, in the order of the pages.
+    choose_days(DocumentsArea::schedule_tab, { QStringLiteral("tue03mar26") });
+    area().refresh_schedule();
+    const auto all = dir.path() / "all.txt";
+    talk.files.push_back({ all });
+    emit area().output_chooser()->activated(6);
+    EXPECT_TRUE(
+        std::any_of(talk.said.begin(), talk.said.end(), [](const auto& said) { return said.text == "allpages.txt"; }));
+    const auto all_lines = test::read_crlf_lines(all);
+    const auto schedule_at = std::find(all_lines.begin(), all_lines.end(), "schedule (by court) for tue03mar26");
+    const auto results_at = std::find(all_lines.begin(), all_lines.end(), "days:unscheduled,tue03mar26");
+    EXPECT_LT(schedule_at, results_at);
+    EXPECT_NE(results_at, all_lines.end());
 }
 
 TEST_F(DocumentsAreaTest, ThePagesWithoutDaysAndTheDraws)
