@@ -88,6 +88,8 @@ PageLines results_container_page(const WebsiteResultsOptions& options)
     for (const auto& [on, name] : styles)
         if (on)
             page.push_back(local_anchor("file_" + std::string(name) + ".htm", name) + "<br>");
+    // The finals summary goes with the results whatever their styles.
+    page.push_back(local_anchor("file_finalssummary.htm", "finals_summary") + "<br>");
     page.emplace_back("</font></p>");
     add_end(page);
     return page;

@@ -23,7 +23,7 @@ PageLines schedules_container_page(const WebsiteScheduleOptions& options);
 // "file_sbc_", "file_sbt_" or "file_sbe_", the day's part and ".htm".
 std::string schedule_file_name(char way, std::string_view day_line);
 
-// The results container: a link per results style that is on.
+// The results container: a link per results style that is on, then the finals summary.
 PageLines results_container_page(const WebsiteResultsOptions& options);
 
 // The results-by-schedule container: all days, then one link per line of the day list.

@@ -16,6 +16,7 @@
 #include "online/website_containers.h"
 #include "online/website_draw_pages.h"
 #include "online/website_files.h"
+#include "online/website_finals.h"
 #include "online/website_index.h"
 #include "online/website_tdetails.h"
 #include "online/website_text_pages.h"
@@ -183,7 +184,9 @@ bool make_website(Session& session, const WebsiteOptions& options, const Website
     }
     if (ok && parts.results) {
         site.step("results");
-        ok = site.pages(results_pages(context, options.results));
+        ok = site.pages(results_pages(context, options.results))
+            && site.pages(finals_summary_pages(
+                context, chosen_drawn_events(session.tournament(), options.draws.eids), options.results));
     }
     if (ok && parts.qv4_file)
         ok = make_qv4(session, site);
