@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cctype>
 #include <chrono>
+#include <functional>
 #include <thread>
 
 namespace qv {
@@ -263,7 +264,12 @@ bool upload_website(Session& session, PublishingView view)
     return true;
 }
 
-bool clear_remote_files(Session& session, PublishingView view)
+namespace {
+
+// "clear remote files" and "refresh remote files": the account, the strings of the service and the connection,
+// then the work on the remote list; the handles are closed and the address reported only when the work went well.
+bool on_remote_files(
+    Session& session, PublishingView view, const std::function<bool(FtpPublisher&, const std::string& custid)>& work)
 {
     if (!havecustidpwd(session))
         return false;
@@ -274,35 +280,34 @@ bool clear_remote_files(Session& session, PublishingView view)
     if (!strings)
         return false;
     FtpPublisher publisher(client, view);
-    if (!publisher.FTP_connect_server(*strings, client.requester().custid))
+    const auto custid = client.requester().custid;
+    if (!publisher.FTP_connect_server(*strings, custid) || !work(publisher, custid))
         return false;
-    publisher.FTP_clear_all_remote_files2();
     publisher.FTP_close_handles();
     session.talk().progress("");
     report_changed_ftp_url(session, view, "website link was changed to ");
-    delete_remote_website(session.init_db(), client.requester().custid);
     return true;
+}
+
+} // namespace
+
+bool clear_remote_files(Session& session, PublishingView view)
+{
+    std::string account;
+    const bool cleared = on_remote_files(session, view, [&account](FtpPublisher& publisher, const std::string& custid) {
+        publisher.FTP_clear_all_remote_files2();
+        account = custid;
+        return true;
+    });
+    if (cleared)
+        delete_remote_website(session.init_db(), account);
+    return cleared;
 }
 
 bool refresh_remote_files(Session& session, PublishingView view)
 {
-    if (!havecustidpwd(session))
-        return false;
-    BusyPointer busy(session);
-    ServiceClient client(session, default_account(session));
-    client.set_busy_pointer(false);
-    const auto strings = get_ftp_strings(client);
-    if (!strings)
-        return false;
-    FtpPublisher publisher(client, view);
-    if (!publisher.FTP_connect_server(*strings, client.requester().custid))
-        return false;
-    if (!publisher.FTP_get_filelist())
-        return false;
-    publisher.FTP_close_handles();
-    session.talk().progress("");
-    report_changed_ftp_url(session, view, "website link was changed to ");
-    return true;
+    return on_remote_files(
+        session, view, [](FtpPublisher& publisher, const std::string&) { return publisher.FTP_get_filelist(); });
 }
 
 } // namespace qv
