@@ -1,14 +1,10 @@
 // Draw pictures as the prints area saves them: 64 knock-out draws of 128, two rounds played, each laid out,
 // painted and saved as a GIF file.
+#include "bench_draws.h"
 #include "bench_support.h"
 #include "core/database.h"
 #include "core/session.h"
 #include "documents/makedrawpic_new.h"
-#include "drawengine/draw_saving.h"
-#include "drawengine/ko_generation.h"
-#include "drawengine/ko_progression.h"
-
-#include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
 #include <chrono>
@@ -21,49 +17,18 @@ namespace fs = std::filesystem;
 constexpr int events = 64;
 constexpr int drawsize = 128;
 
-void ensure_gui_app()
-{
-    if (QCoreApplication::instance())
-        return;
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int argc = 1;
-    static char name[] = "quorvelin_bench";
-    static char* argv[] = { name, nullptr };
-    static QGuiApplication app(argc, argv);
-}
-
-// Player k of event e in slot k, long names as real entries have them, the top player winning two rounds.
+// The tournament's knock-out draws, their first two rounds played.
 void save_draws(qv::Session& session)
 {
-    auto& db = session.tournament();
-    qv::Transaction transaction(db);
-    for (int eid = 1; eid <= events; ++eid) {
-        db.run(R"(insert into events (eid, eventname, sex, singdobs, drawtype, timestamp_text)
-            values (?, ?, 'male', 'singles', 'ko', 'Monday, June 14, 2027 10:00:00'))",
-            eid, "men's open event " + std::to_string(eid));
-        qv::OpenDraw open;
-        qv::load_event_state(db, eid, open.draw);
-        open.build_tree(drawsize);
-        for (int k = 1; k <= drawsize; ++k) {
-            auto& slot = open.slot(1, k);
-            slot.ttt = "Maximilian Schwarzenberger " + std::to_string(k);
-            slot.frn = "M Schwarzenbe" + std::to_string(k);
-            slot.tag = "Schwarz" + std::to_string(k);
-            slot.seed = k <= 16 ? std::to_string(k) : "";
-            slot.country = k % 3 ? "NED" : "BEL";
-        }
-        qv::KO_savecontrols(db, open);
-        db.run("update events set drawdone=true, drawsize=? where eid=?", drawsize, eid);
-        qv::progressdraw(session, eid, 1);
-        qv::progressdraw(session, eid, 2);
-    }
+    qv::Transaction transaction(session.tournament());
+    for (int eid = 1; eid <= events; ++eid)
+        qv::bench::save_played_ko_draw(session, eid, drawsize);
     transaction.commit();
 }
 
 void BM_DrawPicturesGif(benchmark::State& state)
 {
-    ensure_gui_app();
+    qv::bench::ensure_gui_app();
     qv::bench::BenchAppDir dir("pictures.qvd");
     qv::bench::QuietTalk talk;
     qv::bench::QuietHost host;

@@ -1,18 +1,14 @@
 // The whole website of a big tournament: 64 knock-out draws (15 of 128 and 49 of 64, 4,992 matches), two rounds
 // played, the first three rounds on three days of eight courts, every part and page option on, every draw and
 // every day chosen.
+#include "bench_draws.h"
 #include "bench_support.h"
 #include "core/database.h"
 #include "core/session.h"
 #include "documents/live_days.h"
-#include "drawengine/draw_saving.h"
-#include "drawengine/ko_generation.h"
-#include "drawengine/ko_progression.h"
 #include "online/website_make.h"
 #include "scheduling/days_courts.h"
 #include "scheduling/match_counters.h"
-
-#include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
 #include <chrono>
@@ -25,43 +21,12 @@ namespace fs = std::filesystem;
 constexpr int events = 64;
 constexpr int big_draws = 15; // of 128; the others are of 64
 
-void ensure_gui_app()
-{
-    if (QCoreApplication::instance())
-        return;
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int argc = 1;
-    static char name[] = "quorvelin_bench";
-    static char* argv[] = { name, nullptr };
-    static QGuiApplication app(argc, argv);
-}
-
+// The tournament's knock-out draws, their first two rounds played.
 void save_draws(qv::Session& session)
 {
-    auto& db = session.tournament();
-    qv::Transaction transaction(db);
-    for (int eid = 1; eid <= events; ++eid) {
-        const int drawsize = eid <= big_draws ? 128 : 64;
-        db.run(R"(insert into events (eid, eventname, sex, singdobs, drawtype, timestamp_text)
-            values (?, ?, 'male', 'singles', 'ko', 'Monday, June 14, 2027 10:00:00'))",
-            eid, "men's open event " + std::to_string(eid));
-        qv::OpenDraw open;
-        qv::load_event_state(db, eid, open.draw);
-        open.build_tree(drawsize);
-        for (int k = 1; k <= drawsize; ++k) {
-            auto& slot = open.slot(1, k);
-            slot.ttt = "Maximilian Schwarzenberger " + std::to_string(k);
-            slot.frn = "M Schwarzenbe" + std::to_string(k);
-            slot.tag = "Schwarz" + std::to_string(k);
-            slot.seed = k <= 16 ? std::to_string(k) : "";
-            slot.country = k % 3 ? "NED" : "BEL";
-        }
-        qv::KO_savecontrols(db, open);
-        db.run("update events set drawdone=true, drawsize=? where eid=?", drawsize, eid);
-        qv::progressdraw(session, eid, 1);
-        qv::progressdraw(session, eid, 2);
-    }
+    qv::Transaction transaction(session.tournament());
+    for (int eid = 1; eid <= events; ++eid)
+        qv::bench::save_played_ko_draw(session, eid, eid <= big_draws ? 128 : 64);
     transaction.commit();
 }
 
@@ -90,7 +55,7 @@ void place_matches(qv::Session& session)
 
 void BM_MakeWebsite(benchmark::State& state)
 {
-    ensure_gui_app();
+    qv::bench::ensure_gui_app();
     qv::bench::BenchAppDir dir("website.qvd");
     qv::bench::QuietTalk talk;
     qv::bench::QuietHost host;
