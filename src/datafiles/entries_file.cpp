@@ -24,20 +24,6 @@ constexpr std::array<const char*, 23> player_columns { "pid", "fname", "sname", 
     "address1", "address2", "city", "state", "postcode", "country", "phone", "mobile", "rating", "ranking", "results",
     "club", "availabilityrestrictions", "tsd", "message", "pval" };
 
-std::string sex_letter(std::string_view sex)
-{
-    const auto key = name_key(sex);
-    if (key == "male")
-        return "m";
-    if (key == "female")
-        return "f";
-    if (key == "mixed")
-        return "x";
-    if (key == "neutral")
-        return "n";
-    return "";
-}
-
 std::string sex_word(std::string_view letter)
 {
     if (letter == "m")
@@ -238,12 +224,26 @@ void import_flesh_out(Database& db, const std::string& p)
 
 } // namespace
 
+std::optional<std::string> sex_letter(std::string_view sex)
+{
+    const auto key = name_key(sex);
+    if (key == "male")
+        return "m";
+    if (key == "female")
+        return "f";
+    if (key == "mixed")
+        return "x";
+    if (key == "neutral")
+        return "n";
+    return std::nullopt;
+}
+
 std::vector<std::string> qv5_lines(Database& db, Qv5Doubles doubles)
 {
     std::vector<std::string> lines { db.scalar_text("select tournament from tournament where idx = 1") + "^" + name_end
         + "^" };
     for (auto e = db.query("select * from events order by eid"); e.step();)
-        lines.push_back(e.text("eid") + "^" + e.text("eventname") + "^" + sex_letter(e.text("sex")) + "^"
+        lines.push_back(e.text("eid") + "^" + e.text("eventname") + "^" + sex_letter(e.text("sex")).value_or("") + "^"
             + e.text("pte") + "^" + e.text("fee") + "^" + e.text("singdobs") + "^" + event_end + "^");
     for (auto p = db.query("select * from players order by pid"); p.step();) {
         std::string line = p.text("timestamp") + "^est^";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,10 @@ enum class Qv5Doubles { resolved, raw };
 
 // The lines of the file: the name, every event, every player, every entry. An entry whose player is not in
 // the register has no line.
+// The one letter the entries file and the online service keep for an event's sex ("male" "m", "female" "f",
+// "mixed" "x", "neutral" "n"); nothing for a value they do not know.
+std::optional<std::string> sex_letter(std::string_view sex);
+
 std::vector<std::string> qv5_lines(Database& tournament, Qv5Doubles doubles);
 
 // Writes the file the user names ("qv5_with_resolved_doubles.qv5" or "qv5_with_raw_doubles.qv5").

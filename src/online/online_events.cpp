@@ -4,6 +4,7 @@
 #include "core/database.h"
 #include "core/session.h"
 #include "core/utf8.h"
+#include "datafiles/entries_file.h"
 #include "datafiles/marked_tokens.h"
 #include "online/accounts.h"
 #include "online/reply.h"
@@ -16,21 +17,6 @@ namespace {
 std::string custid_of(Session& session)
 {
     return trim(session.settings().text("app.custid"));
-}
-
-// The one letter the service keeps for an event's sex; nothing for a value it does not know.
-std::optional<std::string> sex_letter(std::string_view sex)
-{
-    const auto key = name_key(sex);
-    if (key == "male")
-        return "m";
-    if (key == "female")
-        return "f";
-    if (key == "mixed")
-        return "x";
-    if (key == "neutral")
-        return "n";
-    return std::nullopt;
 }
 
 // After an upload or a clear the service has no limits and both windows are closed: so the local record.
