@@ -1,6 +1,7 @@
 #include "support/child_process.h"
 
 #include <csignal>
+#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -29,6 +30,19 @@ ChildProcess::ChildProcess(std::vector<std::string> args)
         m_output = out[0];
     else
         ::close(out[0]);
+}
+
+std::string ChildProcess::first_line() const
+{
+    std::string line;
+    char c = 0;
+    pollfd watch { m_output, POLLIN, 0 };
+    while (line.find('\n') == std::string::npos) {
+        if (m_output < 0 || ::poll(&watch, 1, 10000) <= 0 || ::read(m_output, &c, 1) != 1)
+            return {};
+        line += c;
+    }
+    return line;
 }
 
 void ChildProcess::close_output()

@@ -19,6 +19,8 @@ public:
     bool started() const { return m_pid > 0; }
     // The read end of the program's standard output; -1 when it did not start.
     int output() const { return m_output; }
+    // The first line the program prints, within ten seconds; empty when it printed none.
+    std::string first_line() const;
     // The test has read what it waited for: what the program prints from now on is no longer read.
     void close_output();
 

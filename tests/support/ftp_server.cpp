@@ -1,9 +1,5 @@
 #include "support/ftp_server.h"
 
-#include <csignal>
-#include <poll.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
 namespace qv::test {
@@ -11,16 +7,8 @@ namespace qv::test {
 namespace {
 
 // The script prints "listening on PORT" once it listens; nothing within ten seconds counts as a failure.
-int read_port(int fd)
+int read_port(const std::string& line)
 {
-    std::string line;
-    char c = 0;
-    pollfd watch { fd, POLLIN, 0 };
-    while (line.find('\n') == std::string::npos) {
-        if (::poll(&watch, 1, 10000) <= 0 || ::read(fd, &c, 1) != 1)
-            return -1;
-        line += c;
-    }
     const std::string lead = "listening on ";
     if (line.rfind(lead, 0) != 0)
         return -1;
@@ -38,7 +26,7 @@ FtpServerProcess::FtpServerProcess(const std::filesystem::path& root, const std:
         args.push_back(tls_pem.string());
     m_child = std::make_unique<ChildProcess>(std::move(args));
     if (m_child->started())
-        m_port = read_port(m_child->output());
+        m_port = read_port(m_child->first_line());
     m_child->close_output();
 }
 

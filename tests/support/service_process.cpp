@@ -10,7 +10,6 @@
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace qv::test {
@@ -18,16 +17,8 @@ namespace qv::test {
 namespace {
 
 // The service prints "listening on http://127.0.0.1:PORT/qv" once it listens.
-int read_port(int fd)
+int read_port(const std::string& line)
 {
-    std::string line;
-    char c = 0;
-    pollfd watch { fd, POLLIN, 0 };
-    while (line.find('\n') == std::string::npos) {
-        if (::poll(&watch, 1, 10000) <= 0 || ::read(fd, &c, 1) != 1)
-            return -1;
-        line += c;
-    }
     const auto colon = line.rfind(':');
     const auto slash = line.find("/qv");
     if (colon == std::string::npos || slash == std::string::npos || slash < colon)
@@ -45,7 +36,7 @@ ServiceProcess::ServiceProcess(const std::filesystem::path& dir, const std::vect
     args.insert(args.end(), extra_args.begin(), extra_args.end());
     m_child = std::make_unique<ChildProcess>(std::move(args));
     if (m_child->started())
-        m_port = read_port(m_child->output());
+        m_port = read_port(m_child->first_line());
     m_child->close_output();
 }
 
